@@ -1,0 +1,13 @@
+# zel_gtest: GoogleTest with its main, built from the distribution's sources so that every compiler has it.
+if(NOT TARGET zel_gtest)
+    set(root /usr/src/googletest/googletest)
+    add_library(zel_gtest STATIC ${root}/src/gtest-all.cc ${root}/src/gtest_main.cc)
+    target_include_directories(zel_gtest SYSTEM PUBLIC ${root}/include PRIVATE ${root})
+    if(ZEL_SANITIZE)
+        target_compile_options(zel_gtest PRIVATE -fsanitize=${ZEL_SANITIZE})
+    endif()
+    if(NOT WIN32)
+        find_package(Threads REQUIRED)
+        target_link_libraries(zel_gtest PUBLIC Threads::Threads)
+    endif()
+endif()

@@ -1,0 +1,10 @@
+# The handheld's processor: ARMv4T, no floating-point unit. Programs run under qemu-arm, hence static.
+set(CMAKE_SYSTEM_NAME Linux)
+set(CMAKE_SYSTEM_PROCESSOR arm)
+set(CMAKE_C_COMPILER arm-linux-gnueabi-gcc)
+set(CMAKE_CXX_COMPILER arm-linux-gnueabi-g++)
+set(CMAKE_C_FLAGS_INIT "-march=armv4t -marm -mfloat-abi=soft")
+set(CMAKE_CXX_FLAGS_INIT "-march=armv4t -marm -mfloat-abi=soft")
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
+set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm)
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)

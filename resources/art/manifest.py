@@ -2,8 +2,8 @@
 
 Finishes (render.py does them):
   PANEL    opaque picture
-  OVERLAY  light glyph for the live view: gets a dark outline one pixel wide; all else is the transparent colour
-  ON_STRIP part of the strip (button, lettering): blended with the strip where it will lie, transparent around it
+  OVERLAY  light glyph for the live view: gets a dark outline one pixel wide, the rest is transparent
+  ON_STRIP part of the strip (button, lettering): blended with the strip where it will lie, transparent around
   SPRITE   hard-edged image on the transparent colour
 """
 
@@ -11,7 +11,8 @@ from collections import namedtuple
 
 PANEL, OVERLAY, ON_STRIP, SPRITE = "panel", "overlay", "on_strip", "sprite"
 
-# source: a drawing, or several laid over each other. box: x, y, width, height in the drawing; at: where an ON_STRIP bitmap lies on the strip.
+# source: a drawing, or several laid over each other. box: x, y, width, height in the drawing.
+# at: where an ON_STRIP bitmap lies on the strip.
 Bitmap = namedtuple("Bitmap", "id name source box finish at", defaults=[None])
 # sizes: tiles of the drawing, side by side, one per size.
 Icon = namedtuple("Icon", "id name source box_per_size")
@@ -62,8 +63,8 @@ def lettering_bitmaps():
         for language, ids in (("symbols", line.symbols), ("english", line.english)):
             for row, (mode, number) in enumerate(zip(("still", "video"), ids)):
                 box = (line.at[0], line.at[1] + 108 * row, *line.size)
-                yield Bitmap(number, f"lettering_{language}_{line.name}_{mode}", f"lettering_{language}.svg", box,
-                             ON_STRIP, line.at)
+                yield Bitmap(number, f"lettering_{language}_{line.name}_{mode}", f"lettering_{language}.svg",
+                             box, ON_STRIP, line.at)
 
 
 OVERLAYS = [
@@ -72,8 +73,8 @@ OVERLAYS = [
     Bitmap(403, "card_frame_small", "card_frame_small.svg", (0, 0, 136, 84), OVERLAY),
     *tiles("status_icons.svg", 22, 20, OVERLAY,
            [(404, "mode_still"), (405, "mode_video"), (411, "white_balance_daylight"),
-            (412, "white_balance_fluorescent"), (413, "white_balance_tungsten"), (414, "colour_black_and_white"),
-            (415, "colour_sepia")]),
+            (412, "white_balance_fluorescent"), (413, "white_balance_tungsten"),
+            (414, "colour_black_and_white"), (415, "colour_sepia")]),
     *tiles("countdown.svg", 40, 40, OVERLAY,
            [(420 + digit, f"countdown_{digit}") for digit in range(11)] + [(431, "self_timer")]),
     *tiles("recording.svg", 36, 20, OVERLAY,

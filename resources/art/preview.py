@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Shows the rendered art in use: preview.py FOLDER [SCALE] writes whole screens and a contact sheet there.
 
-The pictures behind the overlays are bright, dark and in between, because that is what overlays must stand up to.
+The pictures behind the overlays are bright, dark and in between: that is what overlays must stand up to.
 """
 
 import pathlib
@@ -14,7 +14,6 @@ import manifest
 import render
 
 BITMAPS = {bitmap.id: bitmap for bitmap in manifest.BITMAPS}
-CAPTIONS = {"still": "2047", "video": "318"}
 
 
 def load(number):
@@ -88,18 +87,23 @@ def screen(view, panel):
     return np.concatenate([bar("Lumetta Camera", True), view, panel, bar("File   Mode", False)])
 
 
-def screens():
-    large, small = [(401, 83, 73)], [(402, 17, 26), (411, 46, 0), (414, 69, 0), (431, 0, 40)]
-    yield screen(live_view("middle", False, False, 0, large, "2047"), strip(336, "english"))
-    yield screen(live_view("bright", False, False, 1, small, "2047"), strip(336, "symbols", ["menu"]))
-    yield screen(live_view("dark", False, False, 2, [(402, 17, 26), (412, 46, 0), (415, 69, 0), (427, 0, 40)], "12"),
-                 strip(336, "english", ["zoom_in"]))
-    yield screen(live_view("middle", True, False, 1, [(403, 52, 46), (413, 46, 0), (415, 69, 0), (430, 0, 40)], "88"),
-                 strip(335, "symbols", ["shutter"]))
-    yield screen(live_view("bright", False, True, 2, [*large, (411, 46, 0), (443, 2, 40)], "318"),
-                 strip(265, "symbols", ["play"]))
-    yield screen(live_view("dark", True, True, 0, [*large, (412, 46, 0), (414, 69, 0), (440, 2, 40)], "318"),
-                 strip(265, "english"))
+CENTRE, CARD, SMALL_CARD, TIMER, RECORDING = (83, 73), (17, 26), (52, 46), (0, 40), (2, 40)
+BALANCE, COLOUR = (46, 0), (69, 0)
+# Scene, small picture, video, zoom level, overlays, count; strip, lettering, pressed buttons.
+SCREENS = [
+    (("middle", False, False, 0, [(401, *CENTRE)], "2047"),
+     (336, "english")),
+    (("bright", False, False, 1, [(402, *CARD), (411, *BALANCE), (414, *COLOUR), (431, *TIMER)], "2047"),
+     (336, "symbols", ["menu"])),
+    (("dark", False, False, 2, [(402, *CARD), (412, *BALANCE), (415, *COLOUR), (427, *TIMER)], "12"),
+     (336, "english", ["zoom_in"])),
+    (("middle", True, False, 1, [(403, *SMALL_CARD), (413, *BALANCE), (415, *COLOUR), (430, *TIMER)], "88"),
+     (335, "symbols", ["shutter"])),
+    (("bright", False, True, 2, [(401, *CENTRE), (411, *BALANCE), (443, *RECORDING)], "318"),
+     (265, "symbols", ["play"])),
+    (("dark", True, True, 0, [(401, *CENTRE), (412, *BALANCE), (414, *COLOUR), (440, *RECORDING)], "318"),
+     (265, "english")),
+]
 
 
 def contact_sheet():
@@ -135,9 +139,9 @@ def contact_sheet():
 def main(folder, scale="1"):
     folder = pathlib.Path(folder)
     folder.mkdir(parents=True, exist_ok=True)
-    shots = list(screens())
-    for name, picture in (("screens", np.concatenate([np.concatenate(shots[:3], 1), np.concatenate(shots[3:], 1)])),
-                          ("sheet", contact_sheet())):
+    shots = [screen(live_view(*view), strip(*panel)) for view, panel in SCREENS]
+    rows = [np.concatenate(shots[:3], 1), np.concatenate(shots[3:], 1)]
+    for name, picture in (("screens", np.concatenate(rows)), ("sheet", contact_sheet())):
         image = Image.fromarray(picture)
         size = (image.width * int(scale), image.height * int(scale))
         image.resize(size, Image.NEAREST).save(folder / f"{name}.png")

@@ -1,10 +1,10 @@
 #!/usr/bin/python3
-"""Renders the drawings in svg/ to the bitmaps and icons of the program, and writes art.rc and lettering_layout.h.
+"""Renders the drawings in svg/ to the program's bitmaps and icons; writes art.rc and lettering_layout.h.
 
     render.py          renders what has changed
     render.py --check  changes nothing; names every file that is out of date, exit status 1 if there is one
 
-Needs rsvg-convert, PIL and numpy. The manifest lists the bitmaps; the same drawings always give the same bytes.
+Needs rsvg-convert, PIL and numpy. manifest.py lists the bitmaps; the same drawings always give the same bytes.
 """
 
 import functools
@@ -35,7 +35,8 @@ def drawing(source):
     result = None
     for name in source.split("+"):
         svg = pixel_font.expand((HERE / "svg" / name).read_text(encoding="utf-8"))
-        png = subprocess.run(["rsvg-convert", "--format=png"], input=svg.encode(), capture_output=True, check=True)
+        png = subprocess.run(["rsvg-convert", "--format=png"], input=svg.encode(), check=True,
+                             stdout=subprocess.PIPE)
         layer = np.asarray(Image.open(io.BytesIO(png.stdout)).convert("RGBA"), dtype=np.float64) / 255
         result = layer if result is None else over(layer, result)
     return result
@@ -104,8 +105,8 @@ def icon_image(source, box):
     pixels[~opaque] = 0
     header = struct.pack("<IiiHHIIiiII", 40, width, 2 * height, 1, 24, 0, 0, 0, 0, 0, 0)
     colours = b"".join(row[:, ::-1].tobytes() for row in pixels[::-1])
-    mask_row = lambda row: np.packbits(row).tobytes().ljust((width + 31) // 32 * 4, b"\0")
-    return header + colours + b"".join(mask_row(~row) for row in opaque[::-1])
+    mask = b"".join(np.packbits(~row).tobytes().ljust((width + 31) // 32 * 4, b"\0") for row in opaque[::-1])
+    return header + colours + mask
 
 
 def ico_bytes(icon):
@@ -126,8 +127,10 @@ def resource_script():
 
 
 def layout_header():
-    rows = "\n".join(f"    {{{line.at[0]}, {line.at[1]}}},  // slots {2 * i} and {2 * i + 1}: {line.name}"
-                     for i, line in enumerate(manifest.LETTERING))
+    places = [f"{{{line.at[0]}, {line.at[1]}}}," for line in manifest.LETTERING]
+    width = max(map(len, places))
+    rows = "\n".join(f"    {place:{width}}  // slots {2 * i} and {2 * i + 1}: {line.name}"
+                     for i, (place, line) in enumerate(zip(places, manifest.LETTERING)))
     return f"""// Written by render.py from manifest.py.
 #pragma once
 
@@ -137,14 +140,33 @@ struct LetteringPlace {{
     short x, y;
 }};
 
-// Top left corner of the lettering on the strip, one entry per pair of slots. Of each pair the first slot is for the
-// Still strips, the second for the Video strip; the bitmap brings its own size.
+// Top left corner of the lettering on the strip, one entry per pair of slots: the first slot of a pair is for
+// the Still strips, the second for the Video strip. The bitmap brings its own size.
 constexpr LetteringPlace kLetteringPlaces[] = {{
 {rows}
 }};
 
 }}  // namespace art
 """
+
+
+def verify():
+    """What the program relies on when it puts the panel together."""
+    buttons = {(*bitmap.at, *bitmap.box[2:]) for bitmap in manifest.BUTTONS}
+    for box in buttons:
+        grounds = [crop(drawing(bitmap.source), box) for bitmap in manifest.STRIP]
+        if any(np.any(ground != grounds[0]) for ground in grounds):
+            raise SystemExit(f"the strips differ under the button at {box}: it repaints from the first one")
+    for language in ("symbols", "english"):
+        ink = drawing(f"lettering_{language}.svg")[..., 3] > 0
+        for top in (0, 108):
+            if any(ink[y + top:, x:][:height, :width].any() for x, y, width, height in buttons):
+                raise SystemExit(f"{language} lettering lies under a button")
+            for line in manifest.LETTERING:
+                ink[line.at[1] + top:, line.at[0]:][:line.size[1], :line.size[0]] = False
+        if ink.any():
+            row, column = np.argwhere(ink)[0]
+            raise SystemExit(f"{language} lettering reaches beyond its boxes at row {row}, column {column}")
 
 
 def outputs():
@@ -160,10 +182,11 @@ def outputs():
 def main(arguments):
     if arguments not in ([], ["--check"]):
         raise SystemExit(__doc__)
+    verify()
     wanted = dict(outputs())
     stale = [name for name, data in wanted.items()
              if not (HERE / name).is_file() or (HERE / name).read_bytes() != data]
-    stray = [f"bmp/{path.name}" for path in sorted((HERE / "bmp").iterdir()) if f"bmp/{path.name}" not in wanted]
+    stray = sorted({f"bmp/{path.name}" for path in (HERE / "bmp").iterdir()} - wanted.keys())
     if arguments:
         for name in stale + stray:
             print(f"out of date: {name}")

@@ -38,6 +38,11 @@ FARPROC WINAPI GetProcAddressW(HMODULE module, LPCWSTR name);
 BOOL WINAPI TransparentImage(HDC to, LONG toX, LONG toY, LONG toWidth, LONG toHeight, HANDLE from, LONG fromX,
                              LONG fromY, LONG fromWidth, LONG fromHeight, COLORREF transparent);
 
+// CE has the wide one only, under the plain name.
+#undef ImageList_LoadImage
+HIMAGELIST WINAPI ImageList_LoadImage(HINSTANCE module, LPCWSTR name, int width, int grow, COLORREF mask, UINT type,
+                                      UINT flags);
+
 // --- Shell library ("aygshell.dll") ---
 
 struct SHMENUBARINFO {

@@ -1,0 +1,13 @@
+// The one file that defines the process-wide records, in the order of their construction, and the program's entry.
+#include "app/camera_app.h"
+
+namespace {
+
+CameraRecords g_camera;
+CCameraApp g_application(g_camera);
+
+}  // namespace
+
+int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR commandLine, int) {
+    return RunApplication(g_application, instance, commandLine);
+}

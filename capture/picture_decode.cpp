@@ -1,0 +1,9 @@
+#include "capture/picture_decode.h"
+
+uint32_t DecodePicture(DecoderContext& decoder, const uint8_t* jpeg, uint32_t bytes, int32_t mode,
+                       DecodedImage& image) {
+    decoder.inputCursor = jpeg;
+    decoder.inputRemaining = bytes;
+    decoder.outputCursor = image.pixels;
+    return decode(mode, decoder, 0);
+}

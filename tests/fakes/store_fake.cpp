@@ -1,0 +1,17 @@
+#include "fakes/store_fake.h"
+
+#include "capture/store_space.h"
+
+namespace {
+StoreFake g_fake;
+}
+
+StoreFake& ResetStoreFake() {
+    g_fake = {};
+    return g_fake;
+}
+
+bool FreeStoreBytes(uint32_t& bytes) {
+    bytes = g_fake.freeBytes;
+    return g_fake.readable;
+}

@@ -1,0 +1,145 @@
+#!/usr/bin/python3
+"""Builds every preset and runs every test.  The last line counts them: N passed, N failed, N skipped."""
+
+import argparse
+import json
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+import time
+
+sys.path.insert(0, str(pathlib.Path(__file__).parent))
+from wine_session import ROOT, wine_session  # noqa: E402
+
+PRESETS = ["native", "sanitize", "arm", "layout", "desktop"]
+
+# Programs and scripts that print "ok NAME", "skipped NAME: why" or "FAILED NAME: why" for each thing they check.
+CHECKS = sorted((ROOT / "tests" / "checks").glob("check_*.py"))
+
+LIMIT = 900  # seconds for one test program
+
+
+class Tally:
+    def __init__(self):
+        self.passed, self.failed, self.skipped = 0, 0, 0
+        self.failures = []
+
+    def add(self, name, outcome, detail=""):
+        if outcome == "ok":
+            self.passed += 1
+        elif outcome == "skipped":
+            self.skipped += 1
+        else:
+            self.failed += 1
+            self.failures.append(name)
+            print(f"FAILED {name}\n{detail}".rstrip(), flush=True)
+
+
+def build(preset, tally):
+    started = time.monotonic()
+    for command in (["cmake", "--preset", preset], ["cmake", "--build", "--preset", preset]):
+        result = subprocess.run(command, cwd=ROOT, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+        if result.returncode != 0:
+            tally.add(f"build {preset}", "failed", result.stdout[-6000:])
+            return False
+    tally.add(f"build {preset}", "ok")
+    print(f"built {preset} in {time.monotonic() - started:.0f} s", flush=True)
+    return True
+
+
+def run_gtest(label, run, program, tally):
+    """Runs a GoogleTest program and counts its tests from its own report."""
+    started = time.monotonic()
+    with tempfile.TemporaryDirectory(prefix="zel-report-") as folder:
+        report = pathlib.Path(folder) / "report.json"
+        try:
+            result = run(program, [f"--gtest_output=json:{report}"])
+            output, code = result.stdout, result.returncode
+        except subprocess.TimeoutExpired as late:
+            output, code = late.stdout or "", f"no end within {LIMIT} s"
+        if isinstance(output, bytes):
+            output = output.decode(errors="replace")
+        tests = []
+        if report.exists():
+            for suite in json.loads(report.read_text())["testsuites"]:
+                tests += [(f"{suite['name']}.{test['name']}", test) for test in suite["testsuite"]]
+    bad = 0
+    for name, test in tests:
+        if test.get("result") == "SKIPPED":
+            tally.add(f"{label} {name}", "skipped")
+        elif "failures" in test:
+            bad += 1
+            tally.add(f"{label} {name}", "failed", "\n".join(item["failure"] for item in test["failures"]))
+        else:
+            tally.add(f"{label} {name}", "ok")
+    if not tests or (code != 0 and bad == 0):
+        tally.add(f"{label} {program.name}", "failed", f"ended with {code}\n{output[-4000:]}")
+    print(f"{label} {program.stem}: {len(tests)} tests in {time.monotonic() - started:.1f} s", flush=True)
+
+
+def run_check(script, tally):
+    result = subprocess.run(["/usr/bin/python3", script], cwd=ROOT, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                            text=True, timeout=LIMIT)
+    counted = 0
+    for line in result.stdout.splitlines():
+        outcome, _, name = line.partition(" ")
+        if outcome in ("ok", "skipped", "FAILED"):
+            counted += 1
+            tally.add(name, outcome)
+    if counted == 0 or (result.returncode != 0 and not any(
+            line.startswith("FAILED ") for line in result.stdout.splitlines())):
+        tally.add(script.stem, "failed", result.stdout[-4000:])
+    print(f"{script.stem}: {counted} checks", flush=True)
+
+
+def captured(command, environment=None):
+    return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=LIMIT,
+                          env=environment, cwd=ROOT, stdin=subprocess.DEVNULL)
+
+
+def programs(preset, pattern="*"):
+    folder = ROOT / "build" / preset / "tests"
+    return sorted(path for path in folder.glob(pattern) if path.is_file() and os.access(path, os.X_OK))
+
+
+def run_portable(tally):
+    for program in programs("native", "unit_*"):
+        run_gtest("native", lambda path, options: captured([path, *options]), program, tally)
+    for program in programs("sanitize", "unit_*"):
+        run_gtest("sanitize", lambda path, options: captured([path, *options]), program, tally)
+    for program in programs("arm", "unit_*"):
+        run_gtest("arm", lambda path, options: captured(["qemu-arm", path, *options]), program, tally)
+
+
+def run_desktop(tally):
+    with wine_session() as wine:
+        def run(path, options):
+            converted = [option.replace("json:/", "json:Z:/") for option in options]
+            return captured(["wine", str(path), *converted], wine.environment)
+        for program in programs("desktop", "*.exe"):
+            run_gtest("desktop", run, program, tally)
+
+
+def main():
+    parser = argparse.ArgumentParser(prog="./test", description=__doc__)
+    parser.add_argument("--preset", action="append", choices=PRESETS, help="only these builds and their tests")
+    options = parser.parse_args()
+    presets = options.preset or PRESETS
+    tally = Tally()
+    built = [preset for preset in presets if build(preset, tally)]
+    if set(built) >= set(PRESETS):
+        for script in CHECKS:
+            run_check(script, tally)
+    run_portable(tally)
+    if "desktop" in built:
+        run_desktop(tally)
+    for name in tally.failures:
+        print(f"failed: {name}")
+    print(f"{tally.passed} passed, {tally.failed} failed, {tally.skipped} skipped", flush=True)
+    return 1 if tally.failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -24,6 +24,8 @@ DriverFake& ResetDriverFake() {
     return g_fake;
 }
 
+void RecordCall(const std::string& call) { g_fake.calls.push_back(call); }
+
 DriverHandle OpenDriver(DriverShare share) {
     Record("open share=%u", static_cast<unsigned>(share));
     return g_fake.cardPresent ? &g_handleTarget : kNoDriver;

@@ -18,3 +18,6 @@ struct DriverFake {
 
 // Starts afresh; the link's functions use this one instance.
 DriverFake& ResetDriverFake();
+
+// Adds a call of another fake, so that one list shows the order of everything.
+void RecordCall(const std::string& call);

@@ -1,0 +1,165 @@
+#include "capture/still_capture.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "fakes/capture_fake.h"
+#include "fakes/driver_fake.h"
+#include "fakes/store_fake.h"
+#include "settings/settings_keys.h"
+
+namespace {
+
+using Calls = std::vector<std::string>;
+
+class StillCaptureTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        profile.key = L"\\Test";
+        buildHuffmanTables(*decoder);
+        OpenCamera(device);
+        settings.aviResolution = 0;
+        settings.instantReview = 0;
+        driver.calls.clear();
+    }
+    uint32_t Take() {
+        StillCapture capture = Records();
+        return TakeSnapshot(capture, settings.resolution);
+    }
+    ShutterResult Press(uint32_t now = 0) {
+        StillCapture capture = Records();
+        return PressShutter(capture, now);
+    }
+    StillCapture Records() { return {settings, profile, screen, device, *decoder, *image, *review}; }
+
+    DriverFake& driver = ResetDriverFake();
+    CaptureFake& effects = ResetCaptureFake();
+    StoreFake& store = ResetStoreFake();
+    CameraSettings settings;
+    Profile profile;
+    ScreenState screen;
+    CameraDevice device;
+    std::unique_ptr<DecoderContext> decoder = std::make_unique<DecoderContext>();
+    std::unique_ptr<DecodedImage> image = std::make_unique<DecodedImage>();
+    std::unique_ptr<ReviewBuffer> review = std::make_unique<ReviewBuffer>();
+};
+
+TEST_F(StillCaptureTest, StepsComeInOrder) {
+    EXPECT_EQ(Take(), 0u);
+    EXPECT_EQ(driver.calls, (Calls{"menus off", "control 80000017 in=0", "control 80000007 in=220",
+                                   "control 8000000F in=4", "pause 25", "menus on"}));
+    EXPECT_EQ(settings.jpgNo, 2);
+    EXPECT_EQ(ReadProfileInt(profile, kSettingsSection, kKeyPictureNumber, -1), 2);
+    EXPECT_EQ(screen.picturesTaken, 1u);
+    EXPECT_FALSE(screen.captureInProgress);
+}
+
+TEST_F(StillCaptureTest, NothingHappensWithoutACard) {
+    CloseCamera(device);
+    driver.calls.clear();
+    EXPECT_EQ(Take(), 1u);
+    EXPECT_TRUE(driver.calls.empty());
+    EXPECT_EQ(settings.jpgNo, 1);
+}
+
+TEST_F(StillCaptureTest, OnePictureLeftIsTooFew) {
+    store.freeBytes = 2097152 + 75 * 1024 * 2;
+    EXPECT_EQ(Take(), 0u);
+    EXPECT_EQ(driver.calls, (Calls{"message no space"}));
+    EXPECT_EQ(Press(), ShutterResult::noSpace);
+    store.freeBytes += 75 * 1024 * 2;
+    Take();
+    EXPECT_EQ(settings.jpgNo, 2);
+}
+
+TEST_F(StillCaptureTest, APathThatDoesNotFitIsToldAndNothingTaken) {
+    settings.filenamePrefix.assign(90, L'p');
+    EXPECT_EQ(Take(), 0u);
+    EXPECT_EQ(driver.calls, (Calls{"message path too long"}));
+    EXPECT_EQ(settings.jpgNo, 1);
+}
+
+TEST_F(StillCaptureTest, NumberNineThousand999IsFollowedByOne) {
+    settings.jpgNo = 9999;
+    Take();
+    EXPECT_EQ(settings.jpgNo, 1);
+}
+
+TEST_F(StillCaptureTest, TheCounterAdvancesThoughTheDriverRefuses) {
+    driver.acceptControls = false;
+    Take();
+    EXPECT_EQ(settings.jpgNo, 2);
+}
+
+TEST_F(StillCaptureTest, ThePreviewComesBackAsResolutionAndZoomSay) {
+    screen.zoom = 2;
+    settings.aviResolution = 1;
+    Take();
+    EXPECT_EQ(device.lastMode, 21u);
+}
+
+TEST_F(StillCaptureTest, UnknownResolutionRestartsTheSmallStream) {
+    settings.aviResolution = 9;
+    Take();
+    EXPECT_EQ(device.lastMode, 6u);
+}
+
+TEST_F(StillCaptureTest, ReviewShowsThePictureForTwoSecondsAStep) {
+    settings.instantReview = 3;
+    effects.reviewFile = {0xFF, 0xD8, 0xFF, 0xD9};
+    Take();
+    EXPECT_TRUE(screen.reviewShowing);
+    EXPECT_TRUE(review->ready);
+    EXPECT_EQ(driver.calls, (Calls{"menus off", "control 80000017 in=0", "control 80000007 in=220",
+                                   "control 8000000F in=4", "read review file", "paint", "pause 25", "review 6000",
+                                   "menus on"}));
+}
+
+TEST_F(StillCaptureTest, SmallModesPauseLongerBeforeTheReview) {
+    settings.instantReview = 1;
+    settings.resolution = 3;
+    Take();
+    EXPECT_NE(std::find(driver.calls.begin(), driver.calls.end(), "pause 100"), driver.calls.end());
+}
+
+TEST_F(StillCaptureTest, AMissingReviewFileStillRunsTheReview) {
+    settings.instantReview = 1;
+    Take();
+    EXPECT_TRUE(screen.reviewShowing);
+    EXPECT_EQ(effects.reviewMilliseconds, 2000u);
+    EXPECT_EQ(std::find(driver.calls.begin(), driver.calls.end(), "paint"), driver.calls.end());
+}
+
+TEST_F(StillCaptureTest, AnUndecodableReviewFileShowsNothing) {
+    settings.instantReview = 1;
+    effects.reviewFile.assign(500, 0x55);
+    StillCapture capture = Records();
+    EXPECT_EQ(LoadReviewPicture(capture, L"\\x.jpg", 9), 1u);
+    EXPECT_TRUE(review->ready);
+}
+
+TEST_F(StillCaptureTest, TheShutterIsIgnoredDuringTheReview) {
+    screen.reviewShowing = true;
+    EXPECT_EQ(Press(), ShutterResult::ignored);
+    EXPECT_TRUE(driver.calls.empty());
+}
+
+TEST_F(StillCaptureTest, TheSelfTimerStartsAtTwoOrTen) {
+    settings.selfTimer = 1;
+    EXPECT_EQ(Press(1234), ShutterResult::countdownStarted);
+    EXPECT_EQ(screen.countdownDigit, 2u);
+    EXPECT_EQ(screen.countdownStart, 1234u);
+    EXPECT_TRUE(screen.countdownRunning);
+    settings.selfTimer = 2;
+    Press();
+    EXPECT_EQ(screen.countdownDigit, 10u);
+    EXPECT_TRUE(driver.calls.empty());
+}
+
+TEST_F(StillCaptureTest, ThePressTakesThePictureAtOnceWithoutATimer) {
+    EXPECT_EQ(Press(), ShutterResult::taken);
+    EXPECT_EQ(settings.jpgNo, 2);
+}
+
+}  // namespace

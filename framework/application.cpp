@@ -1,0 +1,16 @@
+#include "framework/application.h"
+
+#include "framework/message_loop.h"
+
+int CApplication::Run() {
+    MSG message;
+    while (HandleNextMessage(message)) {
+    }
+    return static_cast<int>(message.wParam);
+}
+
+int RunApplication(CApplication& application, HINSTANCE instance, const wchar_t* commandLine) {
+    application.m_instance = instance;
+    application.m_commandLine = commandLine ? commandLine : L"";
+    return application.InitInstance() ? application.Run() : 0;
+}

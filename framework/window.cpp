@@ -1,0 +1,85 @@
+#include "framework/window.h"
+
+#include "framework/program_module.h"
+#include "framework/window_links.h"
+
+CWindow::~CWindow() {
+    const HWND hwnd = m_hwnd;
+    if (!hwnd) return;
+    Detach();
+    DestroyWindow(hwnd);
+}
+
+bool CWindow::Create(const wchar_t* className, const wchar_t* title, DWORD style, DWORD extendedStyle,
+                     const RECT& bounds, HWND parent, UINT id) {
+    if (m_hwnd) return false;
+    CreateWindowExW(extendedStyle, className, title, style, bounds.left, bounds.top,
+                    bounds.right - bounds.left, bounds.bottom - bounds.top, parent,
+                    reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), ProgramModule(), this);
+    return m_hwnd != nullptr;
+}
+
+int CWindow::ShowMessage(const wchar_t* text, const wchar_t* caption, UINT style) const {
+    // Without a caption the system would write "Error" in its own language.
+    return MessageBoxW(m_hwnd, text ? text : L"", caption ? caption : L"", style);
+}
+
+Reply CWindow::OnMessage(const Message&) {
+    return {};
+}
+
+Then CWindow::OnCommand(UINT, UINT, HWND) {
+    return Then::defaultHandling;
+}
+
+bool CWindow::PreTranslateMessage(MSG&) {
+    return false;
+}
+
+void CWindow::Attach(HWND hwnd) {
+    m_hwnd = hwnd;
+    LinkWindow(hwnd, *this);
+}
+
+void CWindow::Detach() {
+    UnlinkWindow(m_hwnd);
+    m_hwnd = nullptr;
+}
+
+Reply CWindow::Route(HWND hwnd, const Message& message) {
+    CWindow* window = WindowOf(hwnd);
+    if (!window) return {};
+    if (message.message == WM_COMMAND) {
+        const HWND control = reinterpret_cast<HWND>(message.lParam);
+        const UINT code = control ? HIWORD(message.wParam) : 0;
+        if (window->OnCommand(LOWORD(message.wParam), code, control) == Then::done) return 0;
+        window = WindowOf(hwnd);  // the command may have closed the window
+        if (!window) return 0;
+    }
+    const Reply reply = window->OnMessage(message);
+    if (message.message == WM_DESTROY && (window = WindowOf(hwnd))) {
+        window->Detach();
+        window->OnWindowGone();
+    }
+    return reply;
+}
+
+LRESULT CALLBACK CWindow::WindowProcedure(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_CREATE) {
+        static_cast<CWindow*>(reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams)->Attach(hwnd);
+    }
+    const Reply reply = Route(hwnd, {message, wParam, lParam});
+    return reply ? *reply : DefWindowProcW(hwnd, message, wParam, lParam);
+}
+
+bool RegisterWindowClass(const wchar_t* name, UINT style, HBRUSH background) {
+    WNDCLASSW windowClass = {};
+    if (GetClassInfoW(ProgramModule(), name, &windowClass)) return true;
+    windowClass = {};
+    windowClass.style = style;
+    windowClass.lpfnWndProc = &CWindow::WindowProcedure;
+    windowClass.hInstance = ProgramModule();
+    windowClass.hbrBackground = background;
+    windowClass.lpszClassName = name;
+    return RegisterClassW(&windowClass) != 0;
+}

@@ -1,0 +1,24 @@
+// How the handheld's shell draws: colours, fonts and title strips, shared by the core and the shell library.
+#pragma once
+#include <windows.h>
+
+namespace handheld {
+
+inline constexpr COLORREF kTitleColour = RGB(0, 0, 128);
+inline constexpr COLORREF kTitleTextColour = RGB(255, 255, 255);
+inline constexpr COLORREF kBodyColour = RGB(255, 255, 255);
+inline constexpr COLORREF kBarColour = RGB(236, 236, 228);
+inline constexpr COLORREF kLineColour = RGB(0, 0, 0);
+
+inline constexpr int kTextPixels = 11;  // Tahoma 8 point
+
+// The shell's font for a locale: Tahoma, or for Chinese and Korean a face that has their characters where the
+// desktop does not join them to Tahoma.  The caller deletes it.
+HFONT CreateShellFont(LCID locale, int pixels, bool bold);
+
+void FillColour(HDC to, const RECT& area, COLORREF colour);
+
+// Fills a title strip and writes its text, shortened by an ellipsis to fit between the given margins.
+void DrawTitle(HDC to, const RECT& strip, int left, int right, const wchar_t* text, HFONT font);
+
+}  // namespace handheld

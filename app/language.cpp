@@ -1,6 +1,7 @@
 #include "app/language.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 uint32_t DecodePicture(DecoderContext& decoder, const uint8_t* jpeg, uint32_t bytes, int32_t mode,
                        DecodedImage& image) {
-    decoder.inputCursor = jpeg;
-    decoder.inputRemaining = bytes;
-    decoder.outputCursor = image.pixels;
+    decoder.cursors.inputCursor = jpeg;
+    decoder.cursors.inputRemaining = bytes;
+    decoder.cursors.outputCursor = image.pixels;
     return decode(mode, decoder, 0);
 }

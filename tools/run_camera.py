@@ -1,0 +1,90 @@
+#!/usr/bin/python3
+"""Starts the camera on the simulated card in a window.
+
+Where there is no display, or with --session, a short scripted session plays on a virtual one instead
+and prints the paths of what it made.
+"""
+
+import argparse
+import os
+import pathlib
+import subprocess
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parents[1]
+sys.path.insert(0, str(ROOT / "tests" / "support"))
+sys.path.insert(0, str(ROOT / "tools"))
+
+from camera_session import play_session  # noqa: E402
+from wine_session import wine_session  # noqa: E402
+
+HOME = pathlib.Path(os.environ.get("XDG_DATA_HOME", pathlib.Path.home() / ".local" / "share")) / "zel-camera"
+
+# Option, variable of the stand-in handheld, placeholder, help.
+SETTINGS = [
+    ("root", "HANDHELD_ROOT", "FOLDER", "folder that holds the object store (default: %s)" % (HOME / "store")),
+    ("store-kb", "HANDHELD_STORE_KB", "KIB", "size of the object store in KiB (default: 65536)"),
+    ("lcid", "HANDHELD_LCID", "LCID", "default locale identifier, decimal: 1033 English, 1031 German, 1036 French, "
+     "1040 Italian, 1046 Portuguese, 3082 Spanish, 1042 Korean, 2052 and 1028 Chinese (default: the desktop's)"),
+    ("camera", "HANDHELD_CAMERA", "SOURCE", "what the card sees: scene, folder:PATH, none (default: scene)"),
+    ("fps", "HANDHELD_FPS", "RATE", "frames per second that the card offers (default: 15)"),
+    ("log", "HANDHELD_LOG", "FILE", "file that receives one line per control call and card event"),
+    ("card", "HANDHELD_CARD", "FILE", "control file with faults, one word a line: unplugged, silent, refuse-still, "
+     "garbage, short, long; re-read whenever it changes"),
+]
+
+
+def build():
+    log = ROOT / "build" / "desktop-build.log"
+    log.parent.mkdir(exist_ok=True)
+    with log.open("w") as out:
+        for command in (["cmake", "--preset", "desktop"], ["cmake", "--build", "--preset", "desktop"]):
+            if subprocess.run(command, cwd=ROOT, stdout=out, stderr=subprocess.STDOUT).returncode != 0:
+                sys.exit(f"The build failed; its log is {log}")
+
+
+def has_display():
+    if not os.environ.get("DISPLAY"):
+        return False
+    return subprocess.run(["xset", "q"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
+
+
+def parse():
+    parser = argparse.ArgumentParser(prog="./run", description=__doc__,
+                                     formatter_class=argparse.RawDescriptionHelpFormatter,
+                                     epilog="Keys: F1 Menu, F2 Play, F3 Zoom Out, F4 Zoom In, F5 the action key "
+                                            "(shutter); F10 opens the menu bar.")
+    for name, _, placeholder, text in SETTINGS:
+        parser.add_argument("--" + name, metavar=placeholder, help=text)
+    parser.add_argument("--session", action="store_true", help="play the scripted session although there is a display")
+    return parser.parse_args()
+
+
+def environment_of(options):
+    chosen = {}
+    for name, variable, _, _ in SETTINGS:
+        value = getattr(options, name.replace("-", "_"))
+        if value is None:
+            continue
+        if name in ("root", "log", "card"):
+            value = str(pathlib.Path(value).absolute())
+        elif name == "camera" and value.startswith("folder:"):
+            value = "folder:" + str(pathlib.Path(value[len("folder:"):]).absolute())
+        chosen[variable] = value
+    return chosen
+
+
+def main():
+    options = parse()
+    build()
+    chosen = environment_of(options)
+    if options.session or not has_display():
+        with wine_session() as wine:
+            return play_session(wine, chosen)
+    chosen.setdefault("HANDHELD_ROOT", str(HOME / "store"))
+    with wine_session(prefix=HOME / "wine", display=os.environ["DISPLAY"]) as wine:
+        return wine.run([ROOT / "build" / "desktop" / "zelcamera.exe"], env=chosen).returncode
+
+
+if __name__ == "__main__":
+    sys.exit(main())

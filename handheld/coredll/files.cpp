@@ -46,7 +46,7 @@ template <class Call>
 BOOL ChangeStore(const wchar_t* path, Call call) {
     const BOOL done = OnPath(path, FALSE, call);
     const DWORD error = GetLastError();
-    if (IsStorePath(path)) ForgetStoreSpace();
+    if (IsInStore(path)) ForgetStoreSpace();
     SetLastError(error);
     return done;
 }
@@ -72,7 +72,7 @@ HANDLE WINAPI HandheldCreateFileW(LPCWSTR name, DWORD access, DWORD share, SECUR
     const auto path = DesktopPath(name);
     if (!path) return INVALID_HANDLE_VALUE;
     HANDLE file = CreateFileW(path->c_str(), access, share, security, disposition, flags, pattern);
-    if (file == INVALID_HANDLE_VALUE || !IsStorePath(name) || !(access & kWriting)) return file;
+    if (file == INVALID_HANDLE_VALUE || !IsInStore(name) || !(access & kWriting)) return file;
     const DWORD existed = GetLastError();
     Handles<StoreFile>().Add(file, std::make_shared<StoreFile>(StoreFile{*path}));
     if (disposition == CREATE_ALWAYS || disposition == TRUNCATE_EXISTING) ForgetStoreSpace();
@@ -143,7 +143,7 @@ BOOL WINAPI HandheldMoveFileW(LPCWSTR from, LPCWSTR to) {
 
 BOOL WINAPI HandheldCopyFileW(LPCWSTR from, LPCWSTR to, BOOL keepExisting) {
     WIN32_FILE_ATTRIBUTE_DATA data;
-    if (IsStorePath(to) && HandheldGetFileAttributesExW(from, GetFileExInfoStandard, &data) &&
+    if (IsInStore(to) && HandheldGetFileAttributesExW(from, GetFileExInfoStandard, &data) &&
         ((uint64_t{data.nFileSizeHigh} << 32) | data.nFileSizeLow) > RoomLeft()) {
         SetLastError(ERROR_DISK_FULL);
         return FALSE;
@@ -157,7 +157,7 @@ BOOL WINAPI HandheldCopyFileW(LPCWSTR from, LPCWSTR to, BOOL keepExisting) {
 // A store folder, or no folder at all, asks for the store.
 BOOL WINAPI HandheldGetDiskFreeSpaceExW(LPCWSTR folder, ULARGE_INTEGER* available, ULARGE_INTEGER* total,
                                         ULARGE_INTEGER* free) {
-    if (folder && !IsStorePath(folder)) return GetDiskFreeSpaceExW(folder, available, total, free);
+    if (folder && !IsInStore(folder)) return GetDiskFreeSpaceExW(folder, available, total, free);
     const DWORD attributes = HandheldGetFileAttributesW(folder ? folder : L"\\");
     if (attributes == INVALID_FILE_ATTRIBUTES) return FALSE;
     if (!(attributes & FILE_ATTRIBUTE_DIRECTORY)) {
@@ -177,7 +177,7 @@ BOOL WINAPI HandheldGetDiskFreeSpaceExW(LPCWSTR folder, ULARGE_INTEGER* availabl
 FILE* Handheld_wfopen(const wchar_t* name, const wchar_t* mode) {
     FILE* stream =
         OnPath(name, static_cast<FILE*>(nullptr), [&](const wchar_t* path) { return _wfopen(path, mode); });
-    if (stream && HasMode(mode, L"wa+") && IsStorePath(name)) ForgetStoreSpace();
+    if (stream && HasMode(mode, L"wa+") && IsInStore(name)) ForgetStoreSpace();
     return stream;
 }
 

@@ -1,11 +1,11 @@
 #include "handheld/coredll/locale.h"
 
-#include "handheld/coredll/environment.h"
+#include "handheld/common/settings.h"
 
 namespace handheld {
 
 LCID DefaultLocale() {
-    return NumberVariable(L"HANDHELD_LCID", GetUserDefaultLCID());
+    return NumberSetting(L"HANDHELD_LCID", GetUserDefaultLCID(), 1, 0xFFFFF);
 }
 
 }  // namespace handheld

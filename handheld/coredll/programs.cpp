@@ -2,7 +2,7 @@
 #include <optional>
 #include <string>
 
-#include "handheld/coredll/handle_table.h"
+#include "handheld/common/store_path.h"
 #include "handheld/coredll/module.h"
 #include "handheld/coredll/store.h"
 
@@ -24,16 +24,17 @@ std::optional<std::wstring> IfFile(std::wstring path) {
 // library, which plays the part of the handheld's ROM; a name without a path is looked for in "\Windows".
 std::optional<std::wstring> FindModuleFile(const wchar_t* name) {
     if (!name) return std::nullopt;
-    if (!IsStorePath(name)) {
+    if (!IsInStore(name)) {
         if (std::wstring(name).find_first_of(L"\\/:") != std::wstring::npos) return IfFile(name);
         return FindModuleFile((L"\\Windows\\" + std::wstring(name)).c_str());
     }
-    const auto inside = NormaliseStorePath(name);
-    if (!inside) return std::nullopt;
-    if (auto stored = IfFile(StoreRoot() + *inside)) return stored;
-    const size_t slash = inside->find_last_of(L'\\');
-    if (slash == std::wstring::npos || !SameText(inside->substr(0, slash), L"\\Windows")) return std::nullopt;
-    return IfFile(OwnFolder() + inside->substr(slash));
+    const auto stored = DesktopPath(name);
+    if (!stored) return std::nullopt;
+    if (auto file = IfFile(*stored)) return file;
+    const std::wstring romFolder = StoreRoot() + L"\\Windows";
+    const size_t slash = stored->find_last_of(L'\\');
+    if (!SameText(stored->substr(0, slash), romFolder.c_str())) return std::nullopt;
+    return IfFile(OwnFolder() + stored->substr(slash));
 }
 
 }  // namespace
@@ -74,7 +75,7 @@ HMODULE WINAPI HandheldLoadLibraryW(LPCWSTR name) {
     }
     const auto path = FindModuleFile(name);
     if (path) return LoadLibraryExW(path->c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
-    if (name && !IsStorePath(name)) return LoadLibraryW(name);
+    if (name && !IsInStore(name)) return LoadLibraryW(name);
     SetLastError(name ? ERROR_MOD_NOT_FOUND : ERROR_INVALID_PARAMETER);
     return nullptr;
 }

@@ -1,37 +1,25 @@
 #include "handheld/coredll/store.h"
 
-#include <vector>
+#include <algorithm>
 
-#include "handheld/coredll/environment.h"
+#include "handheld/common/store_path.h"
 
 namespace handheld {
 namespace {
 
 constexpr const wchar_t* kFirstFolders[] = {L"\\My Documents", L"\\Windows"};
 
-// Makes a folder and its parents; failures show when the store is used.
-void MakeFolders(const std::wstring& path) {
-    for (size_t end = path.find(L'\\', 3); end != std::wstring::npos; end = path.find(L'\\', end + 1))
-        CreateDirectoryW(path.substr(0, end).c_str(), nullptr);
-    CreateDirectoryW(path.c_str(), nullptr);
+// Makes the store; failures show when it is used.
+bool MakeStore() {
+    const std::wstring root = StoreRoot();
+    for (size_t end = root.find(L'\\', 3); end != std::wstring::npos; end = root.find(L'\\', end + 1))
+        CreateDirectoryW(root.substr(0, end).c_str(), nullptr);
+    CreateDirectoryW(root.c_str(), nullptr);
+    for (const wchar_t* folder : kFirstFolders) CreateDirectoryW((root + folder).c_str(), nullptr);
+    return true;
 }
 
-std::wstring ChooseRoot() {
-    std::wstring root = Variable(L"HANDHELD_ROOT");
-    if (root.empty()) {
-        const std::wstring home = Variable(L"HOME");
-        // Only a Linux home begins with a slash; Windows shells may set HOME too.
-        root = !home.empty() && home[0] == L'/' ? home + L"/.local/share/zel-camera/store"
-                                                : Variable(L"LOCALAPPDATA") + L"\\zel-camera\\store";
-    }
-    root = FromUnixPath(root);
-    for (wchar_t& c : root)
-        if (c == L'/') c = L'\\';
-    while (!root.empty() && root.back() == L'\\') root.pop_back();
-    return root;
-}
-
-// Names that the desktop opens as a device in whatever folder they stand.
+// Names that the desktop opens as a device in whatever folder they stand: "NUL", "com1.txt".
 bool IsDesktopDevice(const std::wstring& part) {
     std::wstring stem = part.substr(0, part.find(L'.'));
     while (!stem.empty() && stem.back() == L' ') stem.pop_back();
@@ -42,39 +30,19 @@ bool IsDesktopDevice(const std::wstring& part) {
     return lstrcmpiW(stem.c_str(), L"COM") == 0 || lstrcmpiW(stem.c_str(), L"LPT") == 0;
 }
 
+bool HasDesktopDevice(const std::wstring& inside) {
+    for (size_t at = 0; at < inside.size();) {
+        const size_t end = std::min(inside.find(L'\\', at + 1), inside.size());
+        if (IsDesktopDevice(inside.substr(at + 1, end - at - 1))) return true;
+        at = end;
+    }
+    return false;
+}
+
 }  // namespace
 
-bool IsStorePath(const wchar_t* path) {
-    return path && path[0] == L'\\' && path[1] != L'\\';
-}
-
-const std::wstring& StoreRoot() {
-    static const std::wstring root = [] {
-        const std::wstring folder = ChooseRoot();
-        MakeFolders(folder);
-        for (const wchar_t* first : kFirstFolders) CreateDirectoryW((folder + first).c_str(), nullptr);
-        return folder;
-    }();
-    return root;
-}
-
-std::optional<std::wstring> NormaliseStorePath(const wchar_t* path) {
-    std::vector<std::wstring> parts;
-    for (const wchar_t* at = path; *at;) {
-        const wchar_t* end = at;
-        while (*end && *end != L'\\' && *end != L'/') ++end;
-        std::wstring part(at, end);
-        at = *end ? end + 1 : end;
-        if (part == L"..") {
-            if (!parts.empty()) parts.pop_back();
-        } else if (!part.empty() && part != L".") {
-            if (part.find(L':') != std::wstring::npos || IsDesktopDevice(part)) return std::nullopt;
-            parts.push_back(std::move(part));
-        }
-    }
-    std::wstring result;
-    for (const std::wstring& part : parts) result += L'\\' + part;
-    return result;
+bool IsInStore(const wchar_t* path) {
+    return path && IsStorePath(path);
 }
 
 std::optional<std::wstring> DesktopPath(const wchar_t* path) {
@@ -83,8 +51,9 @@ std::optional<std::wstring> DesktopPath(const wchar_t* path) {
         return std::nullopt;
     }
     if (!IsStorePath(path)) return path;
-    std::optional<std::wstring> inside = NormaliseStorePath(path);
-    if (!inside) {
+    [[maybe_unused]] static const bool made = MakeStore();
+    const auto inside = NormaliseStorePath(path);
+    if (!inside || HasDesktopDevice(*inside)) {
         SetLastError(ERROR_INVALID_NAME);
         return std::nullopt;
     }

@@ -4,14 +4,14 @@
 #include <mutex>
 #include <set>
 
-#include "handheld/coredll/environment.h"
+#include "handheld/common/settings.h"
+#include "handheld/common/store_path.h"
 #include "handheld/coredll/handle_table.h"
-#include "handheld/coredll/store.h"
 
 namespace handheld {
 namespace {
 
-constexpr unsigned long kDefaultStoreKb = 65536;
+constexpr uint32_t kDefaultStoreKb = 65536, kLargestStoreKb = 999999999;
 // A result holds this long, and long enough for looking it up to take at most a twentieth of the time.
 constexpr ULONGLONG kShortestHoldMs = 200;
 constexpr ULONGLONG kHoldPerLook = 20;
@@ -80,7 +80,8 @@ std::optional<StoreSpace> MeasureStore() {
         const ULONGLONG end = GetTickCount64();
         state.validUntil = end + std::max(kShortestHoldMs, (end - start) * kHoldPerLook);
     }
-    const uint64_t total = uint64_t{NumberVariable(L"HANDHELD_STORE_KB", kDefaultStoreKb)} * 1024;
+    const uint64_t total =
+        uint64_t{NumberSetting(L"HANDHELD_STORE_KB", kDefaultStoreKb, 0, kLargestStoreKb)} * 1024;
     return StoreSpace{total, total - std::min(total, state.used)};
 }
 

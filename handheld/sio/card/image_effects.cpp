@@ -34,7 +34,7 @@ int lumaOf(const Rgb& p) {
 
 // Mean brightness 0..255 of a sample of the pixels; centre-weighted counts the middle third four times more.
 float meter(const Picture& picture, uint32_t metering) {
-    constexpr int step = 4;
+    const int step = std::max(1, picture.width / 80);
     int64_t sum = 0, weights = 0;
     for (int y = 0; y < picture.height; y += step) {
         const bool middleRow = y * 3 >= picture.height && y * 3 < 2 * picture.height;
@@ -51,7 +51,7 @@ float meter(const Picture& picture, uint32_t metering) {
 // The exposure pulls the metered brightness part of the way to a mid tone, as an exponent that spares black
 // and white.
 float exposureExponent(float metered) {
-    constexpr float midTone = 140, strength = 0.8f;
+    constexpr float midTone = 138, strength = 1.0f;
     const float level = std::clamp(metered, 8.0f, 247.0f) / 255;
     const float wanted = std::log(midTone / 255) / std::log(level);
     return std::clamp(1 + strength * (wanted - 1), 0.55f, 1.8f);

@@ -20,7 +20,7 @@ Path ellipseAt(float x, float y, float radiusX, float radiusY) {
 void drawBody(Canvas& canvas) {
     Path shoulders{{kFace.x - 46, 214},  {kFace.x - 120, 244}, {kFace.x - 168, 300}, {kFace.x - 190, 530},
                    {kFace.x + 190, 530}, {kFace.x + 168, 300}, {kFace.x + 120, 244}, {kFace.x + 46, 214}};
-    const float finest = std::max(3.0f, canvas.unitsPerPixel() * 2);
+    const float finest = std::max(6.0f, canvas.unitsPerPixel() * 2);
     canvas.fillWith(shoulders, [&](float x, float y) {
         const float bend = y + 0.0012f * (x - kFace.x) * (x - kFace.x);
         const bool stripe = std::fmod(bend, 74.0f) < 30;
@@ -41,7 +41,7 @@ void drawBody(Canvas& canvas) {
 
 void drawHair(Canvas& canvas, const Path& path) {
     canvas.fillWith(path, [](float x, float y) {
-        const float strands = texture(x * 2 + y * 0.2f, y * 0.25f, 16, 3, 711);
+        const float strands = texture(x * 2 + y * 0.2f, y * 0.25f, 16, 5, 711);
         const float shine =
             std::max(0.0f, 1 - std::fabs(std::hypot(x - kFace.x, (y - kFace.y) * 0.9f) - 84) / 14);
         return kHair.scaled(1 + 0.35f * strands + 0.35f * shine * (y < kFace.y ? 1.0f : 0.2f));

@@ -78,7 +78,7 @@ void drawRange(Canvas& canvas, const Range& range, float from, float to) {
     const float finest = canvas.unitsPerPixel() * 2;
     canvas.fillWith(path, [&](float x, float y) {
         const float slope = texture(x + y * 0.6f, y * 1.3f, 90, 20, range.seed + 5);
-        const float leaves = range.grain > 0 ? texture(x, y, 14, std::max(3.0f, finest), range.seed + 9) : 0;
+        const float leaves = range.grain > 0 ? texture(x, y, 14, std::max(6.0f, finest), range.seed + 9) : 0;
         return mix(range.dark, range.light,
                    std::clamp(0.5f + slope * 0.6f + leaves * range.grain, 0.0f, 1.0f));
     });
@@ -97,7 +97,7 @@ void drawMeadow(Canvas& canvas) {
         const float depth = std::clamp((y - kShore) / (kBottom - kShore), 0.0f, 1.0f);
         const float patches = texture(x, y * 2.5f, 220, 60, 411);
         // Blades are taller than wide, and longer towards the viewer.
-        const float blades = texture(x * 1.7f, y * 0.5f, 16, std::max(3.0f, finest), 421);
+        const float blades = texture(x * 1.7f, y * 0.5f, 16, std::max(6.0f, finest), 421);
         const Colour base = mix({142, 178, 84}, {60, 112, 46}, depth * 0.9f + 0.25f * patches);
         return base.scaled(1 + blades * (0.16f + 0.22f * depth));
     });

@@ -26,7 +26,7 @@ void drawRoof(Canvas& canvas, const Path& path, float left, float right, const C
     canvas.fillWith(path, [=](float x, float y) {
         const float tile = std::fabs(std::fmod(y + 2000, 11.0f) - 5.5f) / 5.5f;
         const float light = 1.1f - 0.35f * (x - left) / (right - left);
-        return colour.scaled(light * (0.86f + 0.14f * tile) + 0.05f * texture(x, y, 12, 3, 621));
+        return colour.scaled(light * (0.86f + 0.14f * tile) + 0.05f * texture(x, y, 12, 5, 621));
     });
 }
 
@@ -94,10 +94,10 @@ void drawTower(Canvas& canvas) {
     canvas.fill(shadow, {30, 60, 26, 0.45f});
     Path body;
     body.rectangle(-kTowerHalf, kTowerTop, kTowerHalf, kTowerFoot);
-    const float finest = std::max(2.0f, canvas.unitsPerPixel() * 2);
+    const float finest = std::max(6.0f, canvas.unitsPerPixel() * 2);
     canvas.fillWith(body, [&](float x, float y) {
         const float light = 1.02f - 0.20f * (x + kTowerHalf) / (2 * kTowerHalf);
-        return masonry(x, y, Colour{226, 212, 186}.scaled(light), 0.86f, finest);
+        return masonry(x, y, Colour{236, 224, 200}.scaled(light), 0.86f, finest);
     });
     Path cornice, roof, ball, pole;
     cornice.rectangle(-kTowerHalf - 9, kTowerTop - 6, kTowerHalf + 9, kTowerTop + 9);
@@ -117,7 +117,7 @@ void drawTower(Canvas& canvas) {
     door.rectangle(-26, 176, 26, kTowerFoot).ellipse(0, 176, 26, 24);
     canvas.fillWith(door, [](float x, float y) {
         const float plank = std::fmod(x + 260, 10.4f) < 1.4f ? 0.7f : 1;
-        return Colour{112, 66, 38}.scaled(plank + 0.08f * texture(x * 4, y * 0.5f, 14, 3, 631));
+        return Colour{112, 66, 38}.scaled(plank + 0.08f * texture(x * 4, y * 0.5f, 14, 5, 631));
     });
 }
 
@@ -130,7 +130,7 @@ void drawHouse(Canvas& canvas) {
     wall.rectangle(left, top, right, foot);
     canvas.fillWith(wall, [&](float x, float y) {
         return Colour{238, 222, 190}.scaled(1 - 0.12f * (x - left) / (right - left) +
-                                            0.04f * texture(x, y, 10, 3, 641));
+                                            0.04f * texture(x, y, 10, 5, 641));
     });
     chimney.rectangle(-300, -48, -270, 40);
     canvas.fillWith(chimney, [&](float x, float y) { return masonry(x, y, {178, 84, 60}, 1.25f, 4); });

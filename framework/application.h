@@ -21,7 +21,7 @@ class CApplication {
 
     // Under which key the profile lies; see profile.h.
     void SetRegistryKey(const wchar_t* key) { m_profile.key = key; }
-    const Profile& AppProfile() const { return m_profile; }
+    Profile& AppProfile() { return m_profile; }
 
   protected:
     // Starts the program.  True: Run follows.  False: the program has done its work and ends with result 0.

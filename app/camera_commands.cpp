@@ -32,7 +32,8 @@ bool CCameraDlg::PreTranslateMessage(MSG& message) {
 }
 
 Then CCameraDlg::OnCommand(UINT id, UINT code, HWND control) {
-    if (code == BN_CLICKED && RunScreenCommand(id)) return Then::done;
+    // The second of two quick taps arrives as a double click; it counts like any other.
+    if ((code == BN_CLICKED || code == BN_DOUBLECLICKED) && RunScreenCommand(id)) return Then::done;
     return CDialog::OnCommand(id, code, control);
 }
 

@@ -9,8 +9,7 @@ int CApplication::Run() {
     return static_cast<int>(message.wParam);
 }
 
-int RunApplication(CApplication& application, HINSTANCE instance, const wchar_t* commandLine) {
-    application.m_instance = instance;
+int RunApplication(CApplication& application, const wchar_t* commandLine) {
     application.m_commandLine = commandLine ? commandLine : L"";
     return application.InitInstance() ? application.Run() : 0;
 }

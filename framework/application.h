@@ -12,7 +12,6 @@ class CApplication {
     CApplication& operator=(const CApplication&) = delete;
     virtual ~CApplication() = default;
 
-    HINSTANCE Instance() const { return m_instance; }
     const std::wstring& CommandLine() const { return m_commandLine; }
 
     // The window that stands for the program, or null.  Not owned.
@@ -21,7 +20,7 @@ class CApplication {
 
     // Under which key the profile lies; see profile.h.
     void SetRegistryKey(const wchar_t* key) { m_profile.key = key; }
-    const Profile& AppProfile() const { return m_profile; }
+    Profile& AppProfile() { return m_profile; }
 
   protected:
     // Starts the program.  True: Run follows.  False: the program has done its work and ends with result 0.
@@ -31,13 +30,12 @@ class CApplication {
     virtual int Run();
 
   private:
-    friend int RunApplication(CApplication& application, HINSTANCE instance, const wchar_t* commandLine);
+    friend int RunApplication(CApplication& application, const wchar_t* commandLine);
 
-    HINSTANCE m_instance = nullptr;
     std::wstring m_commandLine;
     CWindow* m_mainWindow = nullptr;
     Profile m_profile;
 };
 
 // The program's whole life, for wWinMain; the result is the process's.
-int RunApplication(CApplication& application, HINSTANCE instance, const wchar_t* commandLine);
+int RunApplication(CApplication& application, const wchar_t* commandLine);

@@ -3,10 +3,10 @@
 //     bool CVideoPage::Exchange(ExchangeDirection direction) {
 //         using Data = MembersOf<CVideoPage>;
 //         static constexpr ExchangeRow rows[] = {
-//             Data::text<IDC_PREFIX, &CVideoPage::m_prefix>,         // std::wstring <-> the control's text
-//             Data::number<IDC_COUNTER, &CVideoPage::m_counter>,     // int <-> signed decimal number
-//             Data::radio<IDC_FIRST_SIZE, &CVideoPage::m_size>,      // int <-> position in the group that
-//             starts there Data::check<IDC_SOUND, &CVideoPage::m_sound>,          // bool <-> check mark
+//             Data::text<IDC_PREFIX, &CVideoPage::m_prefix>,      // std::wstring: the control's text
+//             Data::number<IDC_COUNTER, &CVideoPage::m_counter>,  // int: the decimal number it begins with
+//             Data::radio<IDC_FIRST_SIZE, &CVideoPage::m_size>,   // int: position in the group from here on
+//             Data::check<IDC_SOUND, &CVideoPage::m_sound>,       // bool: check mark
 //         };
 //         return ExchangeAll<rows>(*this, direction);
 //     }
@@ -21,11 +21,10 @@
 
 enum class ExchangeDirection { toControls, toMembers };
 
-// Each moves one value.  False only when the control's content cannot be taken; the value is then left as it
-// was.
+// Each moves one value.  False when the control's content cannot be taken; the value then stays as it was.
 bool ExchangeText(HWND dialog, UINT control, std::wstring& text, ExchangeDirection direction);
 bool ExchangeNumber(HWND dialog, UINT control, int& number, ExchangeDirection direction);
-// A value outside the group checks no button; with no button checked the value is left as it was.
+// A position outside the group checks no button; with no button checked the position stays as it was.
 bool ExchangeRadio(HWND dialog, UINT firstControl, int& position, ExchangeDirection direction);
 bool ExchangeCheck(HWND dialog, UINT control, bool& checked, ExchangeDirection direction);
 
@@ -70,8 +69,7 @@ constexpr bool EachControlOnce(const ExchangeRow (&rows)[count]) {
     return true;
 }
 
-// Moves all values in table order.  Stops at the first control that cannot be taken, gives it the focus and
-// answers false.
+// Moves all values in table order.  False: stopped at a control that cannot be taken, and gave it the focus.
 template <const auto& rows>
 bool ExchangeAll(CWindow& window, ExchangeDirection direction) {
     static_assert(EachControlOnce(rows), "An exchange table lists the same control twice.");

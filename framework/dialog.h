@@ -13,9 +13,10 @@ class CDialog : public CDialogBase {
     explicit CDialog(UINT templateId, Placement placement = Placement::centred)
         : CDialogBase(templateId), m_placement(placement) {}
 
-    // Shows the dialog and handles messages until it ends.  The owner's top-level window is disabled
+    // Shows the dialog and handles messages until it ends; the owner's top-level window is disabled
     // meanwhile. Result: what EndDialog was given; IDCANCEL when the window was destroyed, or the program is
-    // to end; -1 when there is no such template, or this dialog is being shown already.
+    // to end (WM_QUIT stays posted for outer loops); -1 when there is no such template, or this dialog is
+    // being shown already.
     int DoModal(HWND owner);
 
     // Ends DoModal with this result as soon as the current handler has returned; the window lives until then.

@@ -1,5 +1,5 @@
-// What a message carries: one cracker per message unpacks WPARAM and LPARAM into the typed arguments of its
-// handler. A message that is missing here gets its line here; private messages (WM_USER and above) need none.
+// What messages carry: one cracker per message unpacks WPARAM and LPARAM into its handler's typed arguments.
+// A message that is missing gets its line here; private messages (WM_USER and above) need none.
 #pragma once
 #include "platform/ce.h"
 

@@ -2,10 +2,10 @@
 #pragma once
 #include "platform/ce.h"
 
-// Waits for one message and handles it: the addressed window, then its parents up to their top-level window
-// are asked to pre-translate it; when none of them takes it, it is dispatched.  `message` receives it.  False
-// for WM_QUIT. A plain wait, so posted messages come before paint and timers but never keep a wait from
-// ending.
+// Waits for one message, `message`, and handles it.  False for WM_QUIT.
+// The addressed window, then its parents up to their top-level window, may take it by pre-translation; what
+// none of them takes is dispatched.  Paint and timers get their turn as often as GetMessageW gives it to
+// them.
 bool HandleNextMessage(MSG& message);
 
 // Makes a waiting loop look at its condition again, when nothing else may arrive.

@@ -1,13 +1,13 @@
 // The application's profile: integers and texts that survive a restart, in named sections.
-// Plain functions with two bodies: the registry (profile.cpp), and memory for tests
-// (tests/fakes/profile_fake.cpp).
+// Plain functions with two bodies: the registry (profile.cpp), and memory (tests/fakes/profile_fake.cpp).
 #pragma once
 #include <string>
 
 struct Profile {
-    // The application's key, kept exactly as it was given.  A leading backslash is no part of any registry
-    // name, so it is left out where the registry is opened: "\Zel" is HKEY_CURRENT_USER\Software\Zel,
-    // sections below it. Without a key every read gives its default and nothing is written.
+    // The application's key, kept exactly as it was given.  The registry refuses a leading backslash, so it
+    // is left out on opening: "\Zel" is HKEY_CURRENT_USER\Software\Zel, with the sections below it.
+    // (ProfileContract.LeadingBackslashOfTheKeyIsLeftOut)
+    // Without a key every read gives its default and nothing is written.
     std::wstring key;
 };
 
@@ -20,8 +20,7 @@ int ReadProfileInt(const Profile& profile, const wchar_t* section, const wchar_t
 std::wstring ReadProfileText(const Profile& profile, const wchar_t* section, const wchar_t* name,
                              const wchar_t* otherwise);
 
-// Stored at once; creates what is missing and replaces a value of another kind.  False when it could not be
-// stored.
+// Stored at once; creates what is missing and replaces a value of another kind.  False when that failed.
 bool WriteProfileInt(const Profile& profile, const wchar_t* section, const wchar_t* name, int value);
 bool WriteProfileText(const Profile& profile, const wchar_t* section, const wchar_t* name,
                       const wchar_t* text);

@@ -1,4 +1,4 @@
-// The program's own module, where its resources are.
+// The program's own module (the instance that its entry is called with), where its resources are.
 #pragma once
 #include "platform/ce.h"
 

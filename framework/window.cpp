@@ -13,10 +13,12 @@ CWindow::~CWindow() {
 bool CWindow::Create(const wchar_t* className, const wchar_t* title, DWORD style, DWORD extendedStyle,
                      const RECT& bounds, HWND parent, UINT id) {
     if (m_hwnd) return false;
-    CreateWindowExW(extendedStyle, className, title, style, bounds.left, bounds.top,
-                    bounds.right - bounds.left, bounds.bottom - bounds.top, parent,
-                    reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), ProgramModule(), this);
-    return m_hwnd != nullptr;
+    const HWND created =
+        CreateWindowExW(extendedStyle, className, title, style, bounds.left, bounds.top,
+                        bounds.right - bounds.left, bounds.bottom - bounds.top, parent,
+                        reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), ProgramModule(), this);
+    if (!created && m_hwnd) Detach();  // refused by its own WM_CREATE handler: no WM_DESTROY need come
+    return created != nullptr;
 }
 
 int CWindow::ShowMessage(const wchar_t* text, const wchar_t* caption, UINT style) const {

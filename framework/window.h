@@ -9,9 +9,8 @@ class CWindow {
     CWindow& operator=(const CWindow&) = delete;
     virtual ~CWindow();  // destroys the window, too; its handlers are not called any more
 
-    // Creates the window.  `className` has been registered with RegisterWindowClass; `bounds` are relative to
-    // the parent; `id` is the child's number, 0 for windows that are no children.  False when it could not be
-    // created.
+    // Creates the window; false when that failed, or it exists.  `className`: see RegisterWindowClass below.
+    // `bounds` are relative to the parent; `id` is a child's number, 0 for windows that are no children.
     bool Create(const wchar_t* className, const wchar_t* title, DWORD style, DWORD extendedStyle,
                 const RECT& bounds, HWND parent, UINT id);
 
@@ -49,6 +48,6 @@ class CWindow {
     HWND m_hwnd = nullptr;
 };
 
-// Registers a window class of the program's own for CWindow::Create; a second call for the same name changes
+// Registers a window class of the program's own for CWindow::Create; a second call for a name changes
 // nothing. `style`: CS_...  `background`: null when the window paints all of itself.
 bool RegisterWindowClass(const wchar_t* name, UINT style, HBRUSH background);

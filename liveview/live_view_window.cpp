@@ -31,7 +31,7 @@ HFONT CreateReadoutFont() {
     font.lfHeight = 20;
     font.lfWeight = FW_BOLD;
     font.lfPitchAndFamily = VARIABLE_PITCH | FF_SWISS;
-    wcscpy(font.lfFaceName, L"Tahoma");
+    wcscpy(font.lfFaceName, L"Arial");  // the handheld has only its own face and takes that
     return CreateFontIndirectW(&font);
 }
 

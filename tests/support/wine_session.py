@@ -12,7 +12,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 
 # Fonts for Korean and Chinese: Wine draws boxes where the chosen face lacks a glyph and no link names another.
 CJK_FACE = "WenQuanYi Micro Hei"
-LINKED_FACES = ["Tahoma", "MS Shell Dlg", "Microsoft Sans Serif", "MS Sans Serif"]
+LINKED_FACES = ["Tahoma", "Tahoma Bold", "MS Shell Dlg", "Microsoft Sans Serif", "MS Sans Serif"]
 
 
 class Display:
@@ -55,17 +55,21 @@ class WineSession:
         ready = self.prefix / "zel-ready"
         if not ready.exists():
             shutil.rmtree(self.prefix, ignore_errors=True)
-            self.prefix.parent.mkdir(parents=True, exist_ok=True)
+            self.prefix.mkdir(parents=True)
         # One server for the whole session: programs start at once and the registry stays in memory.
         subprocess.run([self._tool("wineserver"), "-p"], env=self.environment, check=True)
         if not ready.exists():
             self.run(["wineboot", "-i"], timeout=180, check=True)
+            # Wine overlooks the distribution's copy of its own fonts.
+            for font in pathlib.Path("/usr/share/wine/fonts").glob("tahoma*.ttf"):
+                shutil.copy(font, self.prefix / "drive_c" / "windows" / "Fonts")
             links = "".join(f'"{face}"=hex(7):' + _multi_string(f"wqy-microhei.ttc,{CJK_FACE}") + "\n"
                             for face in LINKED_FACES)
             registry = self.scratch / "fonts.reg"
             registry.write_text(
                 "Windows Registry Editor Version 5.00\n\n"
-                "[HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion\\FontLink\\SystemLink]\n" + links)
+                "[HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion\\FontLink\\SystemLink]\n" + links,
+                encoding="utf-16")
             self.run(["regedit", "/S", str(registry)], timeout=60, check=True)
             ready.touch()
 
@@ -78,11 +82,13 @@ class WineSession:
 
     def run(self, command, timeout=None, check=False, **extra):
         """Runs a Windows program to its end."""
+        extra.setdefault("stderr", subprocess.DEVNULL)  # sound and font libraries chatter there
         return subprocess.run(["wine", *map(str, command)], env={**self.environment, **extra.pop("env", {})},
                               timeout=timeout, check=check, stdin=subprocess.DEVNULL, **extra)
 
     def start(self, command, **extra):
         """Starts a Windows program; the caller ends it."""
+        extra.setdefault("stderr", subprocess.DEVNULL)
         return subprocess.Popen(["wine", *map(str, command)], env={**self.environment, **extra.pop("env", {})},
                                 stdin=subprocess.DEVNULL, **extra)
 

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "complete_frame.h"
 #include "device/control_codes.h"
 #include "handheld/sio/card/garbage.h"
 #include "handheld/sio/card/modes.h"

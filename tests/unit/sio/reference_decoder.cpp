@@ -3,13 +3,8 @@
 #include <cmath>
 #include <csetjmp>
 #include <cstdio>
-#include <cstring>
-#include <initializer_list>
 
 #include <jpeglib.h>
-
-#include "handheld/sio/encoder/frame_steps.h"
-#include "handheld/sio/encoder/huffman_tables.h"
 
 namespace {
 
@@ -22,17 +17,6 @@ void leave(j_common_ptr codec) {
     std::longjmp(reinterpret_cast<ErrorExit*>(codec->err)->back, 1);
 }
 void quiet(j_common_ptr) {}
-
-void append(std::vector<uint8_t>& out, std::initializer_list<int> bytes) {
-    for (int byte : bytes) out.push_back(static_cast<uint8_t>(byte));
-}
-
-void appendHuffman(std::vector<uint8_t>& out, int id, const sio::HuffmanSpec& spec) {
-    const int length = 19 + spec.symbolCount;
-    append(out, {0xFF, 0xC4, length >> 8, length & 0xFF, id});
-    out.insert(out.end(), spec.counts, spec.counts + 16);
-    out.insert(out.end(), spec.symbols, spec.symbols + spec.symbolCount);
-}
 
 }  // namespace
 
@@ -60,24 +44,6 @@ sio::Picture decodeReference(const std::vector<uint8_t>& stream) {
     const bool clean = errors.base.num_warnings == 0;
     jpeg_destroy_decompress(&codec);
     return clean ? picture : sio::Picture{};
-}
-
-std::vector<uint8_t> completeFrame(const std::vector<uint8_t>& scan, int width, int height,
-                                   sio::Sampling sampling) {
-    std::vector<uint8_t> out;
-    append(out, {0xFF, 0xD8, 0xFF, 0xDB, 0, 132, 0});
-    out.insert(out.end(), sio::kFrameSteps.luma.begin(), sio::kFrameSteps.luma.end());
-    append(out, {1});
-    out.insert(out.end(), sio::kFrameSteps.chroma.begin(), sio::kFrameSteps.chroma.end());
-    append(out, {0xFF, 0xC0, 0, 17, 8, height >> 8, height & 0xFF, width >> 8, width & 0xFF, 3});
-    append(out, {1, sampling.across << 4 | sampling.down, 0, 2, 0x11, 1, 3, 0x11, 1});
-    appendHuffman(out, 0x00, sio::kLumaDc);
-    appendHuffman(out, 0x10, sio::kLumaAc);
-    appendHuffman(out, 0x01, sio::kChromaDc);
-    appendHuffman(out, 0x11, sio::kChromaAc);
-    append(out, {0xFF, 0xDA, 0, 12, 3, 1, 0x00, 2, 0x11, 3, 0x11, 0, 63, 0});
-    out.insert(out.end(), scan.begin(), scan.end());
-    return out;
 }
 
 double psnr(const sio::Picture& a, const sio::Picture& b) {

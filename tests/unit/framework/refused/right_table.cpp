@@ -1,0 +1,18 @@
+// accepted
+#include "framework/window.h"
+
+class CProbe : public CWindow {
+  public:
+    Reply OnMessage(const Message& message) override;
+
+  private:
+    void OnTimer(UINT_PTR) {}
+};
+
+Reply CProbe::OnMessage(const Message& message) {
+    using On = HandlersOf<CProbe>;
+    static constexpr MessageRow rows[] = {
+        On::message<WM_TIMER, &CProbe::OnTimer>,
+    };
+    return Dispatch<rows, CWindow>(*this, message);
+}

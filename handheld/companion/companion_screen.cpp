@@ -21,14 +21,13 @@ constexpr UINT_PTR kTickTimer = 1;
 constexpr int kProgramIcon = 1;
 
 RECT ButtonBox(size_t place, size_t count) {
-    const auto left = [&](size_t i) {
-        return static_cast<LONG>(kScreenWidth * i / count);
-    };
+    const auto left = [&](size_t i) { return static_cast<LONG>(kScreenWidth * i / count); };
     return {left(place), kToolBar.top + 1, left(place + 1), kToolBar.bottom};
 }
 
 void DrawCentredIcon(HDC to, Icon icon, const RECT& box, COLORREF colour) {
-    DrawIcon(to, icon, (box.left + box.right - kIconSize) / 2, (box.top + box.bottom - kIconSize) / 2, colour);
+    DrawIcon(to, icon, (box.left + box.right - kIconSize) / 2, (box.top + box.bottom - kIconSize) / 2,
+             colour);
 }
 
 POINT InBody(POINT at) {
@@ -57,8 +56,8 @@ int CCompanionScreen::Run(HINSTANCE module, const wchar_t* className) {
     kind.lpszClassName = className;
     if (!RegisterClassW(&kind)) return 1;
     const RECT place = ScreenRectangle(nullptr);
-    CreateWindowExW(WS_EX_APPWINDOW, className, L"", WS_POPUP | WS_SYSMENU | WS_CLIPCHILDREN, place.left, place.top,
-                    kScreenWidth, kScreenHeight, nullptr, nullptr, module, this);
+    CreateWindowExW(WS_EX_APPWINDOW, className, L"", WS_POPUP | WS_SYSMENU | WS_CLIPCHILDREN, place.left,
+                    place.top, kScreenWidth, kScreenHeight, nullptr, nullptr, module, this);
     if (!m_window) return 1;
     OnCreated();
     Refresh();
@@ -90,12 +89,14 @@ void CCompanionScreen::Close() {
 
 LRESULT CALLBACK CCompanionScreen::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NCCREATE) {
-        auto* screen = static_cast<CCompanionScreen*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
+        auto* screen =
+            static_cast<CCompanionScreen*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
         screen->m_window = window;
         SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(screen));
     }
     auto* screen = reinterpret_cast<CCompanionScreen*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    return screen ? screen->OnMessage(message, wParam, lParam) : DefWindowProcW(window, message, wParam, lParam);
+    return screen ? screen->OnMessage(message, wParam, lParam)
+                  : DefWindowProcW(window, message, wParam, lParam);
 }
 
 LRESULT CCompanionScreen::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -145,7 +146,8 @@ LRESULT CCompanionScreen::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) 
             POINT inWindow;
             GetCursorPos(&inWindow);
             ScreenToClient(m_window, &inWindow);
-            if (LOWORD(lParam) == HTCLIENT && PtInRect(&kBody, inWindow) && OnBodyCursor(InBody(inWindow))) return TRUE;
+            if (LOWORD(lParam) == HTCLIENT && PtInRect(&kBody, inWindow) && OnBodyCursor(InBody(inWindow)))
+                return TRUE;
             break;
         }
         case WM_MOUSEWHEEL:
@@ -194,7 +196,8 @@ void CCompanionScreen::PaintTitle(HDC to) const {
     const int noteRight = kCloseBox.left - kTitleMargin;
     noteBox = {noteRight - noteBox.right, 0, noteRight, kTitleHeight};
 
-    DrawTitle(to, kTitleBar, kTitleMargin, kScreenWidth - noteBox.left + kTitleMargin, Title().c_str(), m_boldFont);
+    DrawTitle(to, kTitleBar, kTitleMargin, kScreenWidth - noteBox.left + kTitleMargin, Title().c_str(),
+              m_boldFont);
     DrawTextW(to, note.c_str(), -1, &noteBox, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
     SelectObject(to, before);
     const bool pressed = m_pressed == kCloseButton && m_overPressed;

@@ -1,5 +1,5 @@
-// A program's one window, looking like the handheld's screen: 240 x 320 pixels with a title bar above, a tool bar
-// below and the program's own body between them.
+// A program's one window, looking like the handheld's screen: 240 x 320 pixels with a title bar above, a tool
+// bar below and the program's own body between them.
 #pragma once
 #include <windows.h>
 
@@ -77,8 +77,8 @@ class CCompanionScreen {
     const HFONT m_textFont, m_boldFont;
     int m_pressed = kNothing;  // what the mouse button went down on
     bool m_overPressed = false;
-    POINT m_last = {};         // where a drag has come to, in the body
-    int m_wheel = 0;           // turned, but not yet a whole step
+    POINT m_last = {};  // where a drag has come to, in the body
+    int m_wheel = 0;    // turned, but not yet a whole step
 };
 
 }  // namespace handheld

@@ -21,8 +21,8 @@ struct IconShapes {
 // In the order of the icons.
 constexpr IconShapes kIcons[] = {
     // previous, next
-    {{{Shape::surface, 0, 3, {{60, 16}, {60, 80}, {26, 48}}}}},
-    {{{Shape::surface, 0, 3, {{36, 16}, {36, 80}, {70, 48}}}}},
+    {{{Shape::line, 13, 3, {{58, 22}, {34, 48}, {58, 74}}}}},
+    {{{Shape::line, 13, 3, {{38, 22}, {62, 48}, {38, 74}}}}},
     // zoomIn, zoomOut: a magnifying glass
     {{{Shape::ring, 7, 2, {{14, 14}, {62, 62}}},
       {Shape::line, 12, 2, {{60, 60}, {80, 80}}},
@@ -117,7 +117,8 @@ void DrawIcon(HDC to, Icon icon, int x, int y, COLORREF colour) {
             int share = 0;
             for (int i = 0; i < kFine * kFine; ++i)
                 share += points[(row * kFine + i / kFine) * kFineSize + column * kFine + i % kFine] & 1;
-            if (share) SetPixelV(to, x + column, y + row, Mixed(GetPixel(to, x + column, y + row), colour, share));
+            if (share)
+                SetPixelV(to, x + column, y + row, Mixed(GetPixel(to, x + column, y + row), colour, share));
         }
     }
     SelectObject(canvas, before);

@@ -4,7 +4,20 @@
 
 namespace handheld {
 
-enum class Icon { previous, next, zoomIn, zoomOut, wholePicture, ownSize, play, pause, camera, back, contents, close };
+enum class Icon {
+    previous,
+    next,
+    zoomIn,
+    zoomOut,
+    wholePicture,
+    ownSize,
+    play,
+    pause,
+    camera,
+    back,
+    contents,
+    close
+};
 
 inline constexpr int kIconSize = 24;
 

@@ -10,12 +10,14 @@ struct Row {
 };
 constexpr uint32_t kAny = ~0u;
 constexpr Row kRows[] = {
-    {4, 2, Language::simplifiedChinese}, {4, 1, Language::traditionalChinese}, {7, kAny, Language::german},
-    {12, kAny, Language::french},        {16, kAny, Language::italian},        {22, kAny, Language::portuguese},
+    {4, 2, Language::simplifiedChinese}, {4, 1, Language::traditionalChinese},
+    {7, kAny, Language::german},         {12, kAny, Language::french},
+    {16, kAny, Language::italian},       {22, kAny, Language::portuguese},
     {10, kAny, Language::spanish},       {18, kAny, Language::korean},
 };
 
-constexpr const wchar_t* kTags[kLanguages] = {L"", L"zh-hans", L"zh-hant", L"de", L"fr", L"it", L"pt", L"es", L"ko"};
+constexpr const wchar_t* kTags[kLanguages] = {L"",   L"zh-hans", L"zh-hant", L"de", L"fr",
+                                              L"it", L"pt",      L"es",      L"ko"};
 
 }  // namespace
 

@@ -5,7 +5,17 @@
 namespace handheld {
 
 // Order of the columns in every table of texts.
-enum class Language { english, simplifiedChinese, traditionalChinese, german, french, italian, portuguese, spanish, korean };
+enum class Language {
+    english,
+    simplifiedChinese,
+    traditionalChinese,
+    german,
+    french,
+    italian,
+    portuguese,
+    spanish,
+    korean
+};
 inline constexpr int kLanguages = 9;
 
 // English for every locale that has no texts of its own, other kinds of Chinese among them.

@@ -5,11 +5,11 @@
 namespace viewer {
 namespace {
 
-constexpr int kDeepestList = 6;             // lists in lists; files stay below 4
-constexpr size_t kMostChunks = 1'000'000;   // of one stream: a day at 10 frames a second
-constexpr uint32_t kSlowest = 10'000'000;   // microseconds a frame
+constexpr int kDeepestList = 6;            // lists in lists; files stay below 4
+constexpr size_t kMostChunks = 1'000'000;  // of one stream: a day at 10 frames a second
+constexpr uint32_t kSlowest = 10'000'000;  // microseconds a frame
 constexpr uint32_t kFastest = 1'000;
-constexpr uint32_t kUsual = 100'000;        // where the file gives no rate
+constexpr uint32_t kUsual = 100'000;  // where the file gives no rate
 constexpr uint16_t kPcmTag = 1;
 
 constexpr uint32_t FourCc(const char (&text)[5]) {
@@ -26,7 +26,8 @@ int HexDigit(uint8_t c) {
 
 class CAviReader {
   public:
-    CAviReader(const uint8_t* data, uint32_t size, AviMovie& movie) : m_data(data), m_size(size), m_movie(movie) {}
+    CAviReader(const uint8_t* data, uint32_t size, AviMovie& movie)
+        : m_data(data), m_size(size), m_movie(movie) {}
 
     AviResult Read() {
         if (m_size < 12 || Word(0) != FourCc("RIFF") || Word(8) != FourCc("AVI ")) return AviResult::notAvi;
@@ -34,13 +35,17 @@ class CAviReader {
         FinishStream();
         if (m_video < 0) return AviResult::noMotionJpeg;
         if (m_movie.frames.empty()) return AviResult::noFrames;
-        uint64_t rate = m_videoRate ? uint64_t{1'000'000} * m_videoScale / m_videoRate : m_headerRate;
-        if (rate == 0) rate = kUsual;
-        m_movie.microsecondsPerFrame = static_cast<uint32_t>(std::clamp<uint64_t>(rate, kFastest, kSlowest));
+        m_movie.microsecondsPerFrame =
+            static_cast<uint32_t>(std::clamp<uint64_t>(Pace(), kFastest, kSlowest));
         return AviResult::ok;
     }
 
   private:
+    uint64_t Pace() const {
+        if (m_videoScale && m_videoRate) return uint64_t{1'000'000} * m_videoScale / m_videoRate;
+        return m_headerRate ? m_headerRate : kUsual;
+    }
+
     // Callers see to it that the bytes are there.
     uint16_t Half(uint32_t at) const { return static_cast<uint16_t>(m_data[at] | m_data[at + 1] << 8); }
     uint32_t Word(uint32_t at) const { return Half(at) | static_cast<uint32_t>(Half(at + 2)) << 16; }
@@ -50,12 +55,14 @@ class CAviReader {
             const auto head = static_cast<uint32_t>(at);
             const uint32_t body = head + 8;
             const uint32_t stated = Word(head + 4);
-            ReadChunk(Word(head), body, std::min(stated, end - body), depth);
+            ReadChunk(Word(head), {body, std::min(stated, end - body)}, stated > end - body, depth);
             at = uint64_t{body} + stated + (stated & 1);
         }
     }
 
-    void ReadChunk(uint32_t id, uint32_t body, uint32_t size, int depth) {
+    // A chunk cut short by the end of the file is taken as far as it goes, but not as a picture.
+    void ReadChunk(uint32_t id, FilePart part, bool cutShort, int depth) {
+        const uint32_t body = part.offset, size = part.size;
         if (id == FourCc("LIST")) {
             if (size < 4 || depth == kDeepestList) return;
             if (Word(body) == FourCc("strl")) FinishStream();
@@ -65,9 +72,9 @@ class CAviReader {
         } else if (id == FourCc("strh")) {
             if (size >= 28) m_header = body;
         } else if (id == FourCc("strf")) {
-            m_format = {body, size};
-        } else {
-            ReadStreamChunk(m_data + body - 8, {body, size});
+            m_format = part;
+        } else if (!cutShort) {
+            ReadStreamChunk(m_data + body - 8, part);
         }
     }
 
@@ -107,7 +114,8 @@ class CAviReader {
         const int stream = high * 16 + low;
         const bool picture = id[2] == 'd' && (id[3] == 'c' || id[3] == 'b');
         const bool sound = id[2] == 'w' && id[3] == 'b';
-        if (picture && stream == m_video && m_movie.frames.size() < kMostChunks) m_movie.frames.push_back(part);
+        if (picture && stream == m_video && m_movie.frames.size() < kMostChunks)
+            m_movie.frames.push_back(part);
         if (sound && stream == m_audio && m_movie.soundBlocks.size() < kMostChunks)
             m_movie.soundBlocks.push_back(part);
     }

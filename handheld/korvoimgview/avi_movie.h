@@ -32,14 +32,14 @@ struct AviMovie {
 
 enum class AviResult {
     ok,
-    notAvi,         // no RIFF file of the AVI kind
-    noMotionJpeg,   // no stream of Motion-JPEG pictures
-    noFrames,       // such a stream, but nothing in it
+    notAvi,        // no RIFF file of the AVI kind
+    noMotionJpeg,  // no stream of Motion-JPEG pictures
+    noFrames,      // such a stream, but nothing in it
 };
 
-// Takes the frames in the order in which they lie in the file, whether or not there is an index, so that a movie
-// cut short plays as far as it goes.  Reads the first stream of either sort.  `movie` is complete only when the
-// result is ok.  Files beyond 4 GiB are read up to there.
+// Takes the frames in the order in which they lie in the file, whether or not there is an index, so that a
+// movie cut short plays as far as it goes.  Reads the first stream of either sort.  `movie` is complete only
+// when the result is ok.  Files beyond 4 GiB are read up to there.
 AviResult ReadAvi(const uint8_t* data, size_t size, AviMovie& movie);
 
 // The sound in one piece.

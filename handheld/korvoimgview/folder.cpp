@@ -36,8 +36,9 @@ std::vector<FolderFile> FilesIn(const std::wstring& folder) {
 }
 
 ReadResult ReadWhole(const std::wstring& path, size_t most, std::vector<uint8_t>& bytes) {
-    HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                              nullptr, OPEN_EXISTING, 0, nullptr);
+    HANDLE file =
+        CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                    nullptr, OPEN_EXISTING, 0, nullptr);
     if (file == INVALID_HANDLE_VALUE) return ReadResult::missing;
     LARGE_INTEGER size;
     ReadResult result = ReadResult::missing;

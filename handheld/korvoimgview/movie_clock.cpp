@@ -28,12 +28,13 @@ void CMovieClock::MoveTo(uint64_t position, uint64_t now) {
 }
 
 size_t FrameAt(const AviMovie& movie, uint64_t position) {
-    return std::min<size_t>(static_cast<size_t>(position / movie.microsecondsPerFrame), movie.frames.size() - 1);
+    return std::min<size_t>(static_cast<size_t>(position / movie.microsecondsPerFrame),
+                            movie.frames.size() - 1);
 }
 
 size_t SoundAt(const PcmFormat& format, uint64_t position) {
-    const uint64_t samples = position / kSecond * format.samplesPerSecond +
-                             position % kSecond * format.samplesPerSecond / kSecond;
+    const uint64_t samples =
+        position / kSecond * format.samplesPerSecond + position % kSecond * format.samplesPerSecond / kSecond;
     return static_cast<size_t>(samples * format.BlockBytes());
 }
 

@@ -14,11 +14,12 @@ struct Table {
 };
 
 void AddHuffmanTables(std::vector<uint8_t>& file) {
-    const Table tables[] = {{0x00, sio::kLumaDc}, {0x10, sio::kLumaAc}, {0x01, sio::kChromaDc}, {0x11, sio::kChromaAc}};
+    const Table tables[] = {
+        {0x00, sio::kLumaDc}, {0x10, sio::kLumaAc}, {0x01, sio::kChromaDc}, {0x11, sio::kChromaAc}};
     for (const Table& table : tables) {
         const auto length = static_cast<uint16_t>(2 + 1 + 16 + table.spec.symbolCount);
-        file.insert(file.end(), {kMark, kHuffman, static_cast<uint8_t>(length >> 8), static_cast<uint8_t>(length),
-                                 table.place});
+        file.insert(file.end(), {kMark, kHuffman, static_cast<uint8_t>(length >> 8),
+                                 static_cast<uint8_t>(length), table.place});
         file.insert(file.end(), table.spec.counts, table.spec.counts + 16);
         file.insert(file.end(), table.spec.symbols, table.spec.symbols + table.spec.symbolCount);
     }

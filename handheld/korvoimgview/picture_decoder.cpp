@@ -44,15 +44,18 @@ DecodeResult CPictureDecoder::Decode(const std::vector<uint8_t>& file, Pixels& p
     CHeld<IWICFormatConverter> converter;
     UINT width = 0, height = 0;
     if (FAILED(m_factory->CreateStream(&stream)) ||
-        FAILED(stream->InitializeFromMemory(const_cast<BYTE*>(file.data()), static_cast<DWORD>(file.size()))) ||
-        FAILED(m_factory->CreateDecoderFromStream(stream.get(), nullptr, WICDecodeMetadataCacheOnDemand, &decoder)) ||
-        FAILED(decoder->GetFrame(0, &frame)) || FAILED(frame->GetSize(&width, &height)) || width == 0 || height == 0)
+        FAILED(
+            stream->InitializeFromMemory(const_cast<BYTE*>(file.data()), static_cast<DWORD>(file.size()))) ||
+        FAILED(m_factory->CreateDecoderFromStream(stream.get(), nullptr, WICDecodeMetadataCacheOnDemand,
+                                                  &decoder)) ||
+        FAILED(decoder->GetFrame(0, &frame)) || FAILED(frame->GetSize(&width, &height)) || width == 0 ||
+        height == 0)
         return DecodeResult::damaged;
     if (uint64_t{width} * height > kMostPixels) return DecodeResult::tooLarge;
     // Multiplied by its opacity, a colour is what it looks like on black.
     if (FAILED(m_factory->CreateFormatConverter(&converter)) ||
-        FAILED(converter->Initialize(frame.get(), GUID_WICPixelFormat32bppPBGRA, WICBitmapDitherTypeNone, nullptr, 0,
-                                     WICBitmapPaletteTypeCustom)))
+        FAILED(converter->Initialize(frame.get(), GUID_WICPixelFormat32bppPBGRA, WICBitmapDitherTypeNone,
+                                     nullptr, 0, WICBitmapPaletteTypeCustom)))
         return DecodeResult::damaged;
     Pixels decoded;
     decoded.Allocate(static_cast<int>(width), static_cast<int>(height));

@@ -1,7 +1,7 @@
 // Pictures out of files, by the desktop's own decoders.
 #pragma once
-#include <windows.h>
 #include <wincodec.h>
+#include <windows.h>
 
 #include <vector>
 

@@ -1,5 +1,6 @@
 // Which files of a folder the viewer shows, and in which order.  Portable.
 #pragma once
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>

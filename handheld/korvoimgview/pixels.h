@@ -1,5 +1,6 @@
 // Pictures in memory.  Portable.
 #pragma once
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 

@@ -38,7 +38,8 @@ void AddTaps(Axis& axis, double middle, double radius, int length) {
         given += axis.weights.back();
     }
     // Rounding must not darken or brighten a plain surface.
-    *std::max_element(axis.weights.begin() + static_cast<std::ptrdiff_t>(start), axis.weights.end()) += kUnit - given;
+    *std::max_element(axis.weights.begin() + static_cast<std::ptrdiff_t>(start), axis.weights.end()) +=
+        kUnit - given;
     axis.taps.push_back({first, last - first + 1, start});
 }
 
@@ -92,7 +93,8 @@ void DrawView(const Pixels& picture, const View& view, uint32_t background, Pixe
         const uint32_t* from = narrowed.Row(taps.first - firstRow);
         uint32_t* to = area.Row(y) + across.begin;
         for (int x = 0; x < narrowed.width; ++x)
-            to[x] = Blend(from + x, static_cast<size_t>(narrowed.width), &down.weights[taps.weights], taps.count);
+            to[x] =
+                Blend(from + x, static_cast<size_t>(narrowed.width), &down.weights[taps.weights], taps.count);
     }
 }
 

@@ -70,7 +70,8 @@ void CViewerWindow::DrawMessage(HDC to) const {
     RECT box = {kMessageMargin, 0, kBodyWidth - kMessageMargin, 0};
     DrawTextW(to, text, -1, &box, DT_WORDBREAK | DT_CENTER | DT_NOPREFIX | DT_CALCRECT);
     const int height = box.bottom;
-    box = {kMessageMargin, (kBodyHeight - height) / 2, kBodyWidth - kMessageMargin, (kBodyHeight + height) / 2};
+    box = {kMessageMargin, (kBodyHeight - height) / 2, kBodyWidth - kMessageMargin,
+           (kBodyHeight + height) / 2};
     DrawTextW(to, text, -1, &box, DT_WORDBREAK | DT_CENTER | DT_NOPREFIX);
     SelectObject(to, before);
 }
@@ -88,7 +89,8 @@ void CViewerWindow::DrawProgress(HDC to) const {
 // How large a picture stands that is not seen as a whole, in per cent of its own size.
 void CViewerWindow::DrawZoom(HDC to) const {
     FillColour(to, kZoomBox, kPaper);
-    DrawLine(to, std::to_wstring((uint64_t{m_view.scale} * 100 + kWhole / 2) / kWhole) + L" %", kZoomBox, DT_CENTER);
+    DrawLine(to, std::to_wstring((uint64_t{m_view.scale} * 100 + kWhole / 2) / kWhole) + L" %", kZoomBox,
+             DT_CENTER);
 }
 
 // On a movie's progress bar: to that place. Elsewhere on a movie: stop or go on.

@@ -55,7 +55,8 @@ void CViewerWindow::Show(const std::wstring& name) {
 void CViewerWindow::ShowMovie() {
     std::vector<uint8_t> file;
     const ReadResult read = ReadWhole(m_place.Path(), kMostMovieBytes, file);
-    if (read != ReadResult::ok) return ShowMessage(read == ReadResult::missing ? Text::missing : Text::tooLarge);
+    if (read != ReadResult::ok)
+        return ShowMessage(read == ReadResult::missing ? Text::missing : Text::tooLarge);
     m_movie = std::make_unique<CMoviePlayer>(m_decoder);
     if (!m_movie->Open(std::move(file))) return ShowMessage(Text::damagedMovie);
     TogglePlaying();
@@ -177,8 +178,10 @@ void CViewerWindow::OnBodyDoubleClick(POINT) {
 }
 
 std::vector<handheld::ToolButton> CViewerWindow::Buttons() const {
-    const bool before = !NameBefore(m_names, m_place.name).empty(), after = !NameAfter(m_names, m_place.name).empty();
-    std::vector<handheld::ToolButton> buttons = {{kPrevious, Icon::previous, before}, {kNext, Icon::next, after}};
+    const bool before = !NameBefore(m_names, m_place.name).empty(),
+               after = !NameAfter(m_names, m_place.name).empty();
+    std::vector<handheld::ToolButton> buttons = {{kPrevious, Icon::previous, before},
+                                                 {kNext, Icon::next, after}};
     if (m_movie) {
         buttons.push_back({kTogglePlay, m_movie->Playing() ? Icon::pause : Icon::play, true});
     } else {

@@ -51,11 +51,11 @@ class CViewerWindow : public handheld::CCompanionScreen {
 
     CPictureDecoder m_decoder;
     const handheld::Language m_language;
-    FilePlace m_place;                   // what is shown; the name is empty when there is nothing
-    std::vector<std::wstring> m_names;   // of the folder, at the last step
-    Pixels m_picture;                    // a picture, or
+    FilePlace m_place;                  // what is shown; the name is empty when there is nothing
+    std::vector<std::wstring> m_names;  // of the folder, at the last step
+    Pixels m_picture;                   // a picture, or
     std::unique_ptr<CMoviePlayer> m_movie;
-    Text m_message = Text::noPictures;   // neither of them: why not
+    Text m_message = Text::noPictures;  // neither of them: why not
     View m_view = {};
 };
 

@@ -1,7 +1,7 @@
 // A movie's sound through the desktop's wave output.
 #pragma once
-#include <windows.h>
 #include <mmsystem.h>
+#include <windows.h>
 
 #include <vector>
 

@@ -2,6 +2,7 @@
 #include "app/camera_dlg.h"
 #include "app/hardware_keys.h"
 #include "app/language.h"
+#include "app/sound_rules.h"
 #include "app/start_process.h"
 #include "capture/capture_effects.h"
 #include "capture/file_names.h"
@@ -14,7 +15,7 @@
 namespace {
 
 // Key repeats that pile up during a capture are dropped, three at the most: enough for a finger that lingers, and
-// a fourth press still counts.  (CameraScreen.ActionKeyFlushesThreeMessages)
+// a fourth press still counts.  (Commands.ActionKeyFlushesThreeMessages)
 constexpr int kFlushedMessages = 3;
 
 constexpr uint32_t SelectorAt(uint32_t zoom) { return zoom == 1 ? 2 : 3; }
@@ -67,7 +68,7 @@ void CCameraDlg::OnActionKey() {
     for (int i = 0; i < kFlushedMessages; ++i) PeekMessageW(&dropped, Hwnd(), 0, 0, PM_REMOVE);
     if (m_camera.screen.mode != CaptureMode::still) return;
     // The key tells of a full store in the user's language, the on-screen button in English.
-    // (CameraScreen.TheTwoShuttersWordAFullStoreDifferently)
+    // (FullStore.TheTwoShuttersWordItDifferently)
     const ShutterResult result = PressShutter(m_capture, GetTickCount());
     if (result == ShutterResult::noSpace)
         ShowCaption(LookUpText(m_camera.texts, kTextNoSpace), MB_ICONHAND);
@@ -150,8 +151,6 @@ void CCameraDlg::RestartLiveStream() {
     RestartPreview(m_camera.device, m_camera.settings.aviResolution, m_camera.screen.zoom);
 }
 
-// Follows the movie-sound setting, not the camera's own: silent movies mean a silent screen.
-// Who switched off only the camera sounds still hears the zoom.  (CameraScreen.ZoomSoundFollowsMovieSound)
 void CCameraDlg::PlayZoomSound(const wchar_t* name) const {
-    if (m_camera.settings.recordWithAudio != 0) PlaySoundW(name, m_module, SND_RESOURCE | SND_ASYNC);
+    if (IsZoomAudible(m_camera.settings)) PlaySoundW(name, m_module, SND_RESOURCE | SND_ASYNC);
 }

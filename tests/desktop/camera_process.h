@@ -37,6 +37,10 @@ class CameraProcess {
     void Command(UINT id) { PostMessageW(m_screen, WM_COMMAND, id, 0); }
     void ReleaseKey(UINT key) { PostMessageW(m_screen, WM_KEYUP, key, 0); }
 
+    // Stops the program's main thread, so that several messages are waiting when it goes on.
+    void Freeze() { SuspendThread(m_process.hThread); }
+    void Thaw() { ResumeThread(m_process.hThread); }
+
     // The message box that is open, or null; its text, and a press of one of its buttons.
     HWND MessageBox() const;
     static std::wstring MessageText(HWND box);

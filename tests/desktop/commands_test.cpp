@@ -1,6 +1,8 @@
 // Commands, buttons and keys, and what the card hears of them.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "desktop/camera_process.h"
 
 namespace {
@@ -61,6 +63,30 @@ TEST_F(Commands, TheActionKeyTakesAPictureToo) {
     EXPECT_TRUE(WaitFor([&] { return std::filesystem::exists(Picture("snap0001.jpg")); }));
 }
 
+TEST_F(Commands, ActionKeyFlushesThreeMessages) {
+    camera.SetCard("silent\nrefuse-still");
+    WaitFor([&] { return camera.Calls().size() > before; }, 300);  // frames still on their way
+    camera.Freeze();
+    camera.ReleaseKey(134);
+    for (int i = 0; i < 4; ++i) camera.Command(kZoomIn);
+    camera.Thaw();
+    const auto seen = [&](int mode) {
+        const Lines calls = camera.Calls();
+        return std::find(calls.begin(), calls.end(), Preview(mode)) != calls.end();
+    };
+    EXPECT_TRUE(WaitFor([&] { return seen(9); }));
+    camera.SetCard("");
+    EXPECT_TRUE(camera.WaitForFrames(3));
+    EXPECT_FALSE(seen(17));
+}
+
+TEST_F(Commands, EscapeIsNoExit) {
+    PostMessageW(camera.Screen(), WM_KEYDOWN, VK_ESCAPE, 0);
+    PostMessageW(camera.Screen(), WM_COMMAND, IDCANCEL, 0);
+    PostMessageW(camera.Screen(), WM_COMMAND, IDOK, 0);
+    EXPECT_TRUE(camera.WaitForFrames(5));
+}
+
 TEST_F(Commands, EnterDoesNothing) {
     PostMessageW(camera.Screen(), WM_KEYDOWN, VK_RETURN, 0);
     PostMessageW(camera.Screen(), WM_KEYUP, VK_RETURN, 0);
@@ -71,6 +97,25 @@ TEST_F(Commands, EnterDoesNothing) {
 TEST_F(Commands, VideoModeStoresTheAidsAsOff) {
     camera.Command(kVideo);
     EXPECT_TRUE(WaitFor([] { return ProfileValue(L"selftime", 9) == 0 && ProfileValue(L"business card", 9) == 0; }));
+}
+
+TEST(FullStore, TheTwoShuttersWordItDifferently) {
+    CameraProcess camera({{{L"HANDHELD_STORE_KB", L"2100"}, {L"HANDHELD_LCID", L"1031"}}, {}, "", {}});
+    ASSERT_NE(camera.Screen(), nullptr);
+    ASSERT_TRUE(camera.WaitForFrames(3));
+    HWND box = nullptr;
+    camera.Command(kShutter);
+    ASSERT_TRUE(WaitFor([&] { return (box = camera.MessageBox()) != nullptr; }));
+    EXPECT_EQ(CameraProcess::MessageText(box), L"Not enough space, can not take a snapshot!");
+    CameraProcess::Press(box, IDOK);
+    ASSERT_TRUE(WaitFor([&] { return camera.MessageBox() == nullptr; }));
+    camera.ReleaseKey(134);
+    ASSERT_TRUE(WaitFor([&] { return (box = camera.MessageBox()) != nullptr; }));
+    EXPECT_FALSE(CameraProcess::MessageText(box).empty());
+    EXPECT_EQ(CameraProcess::MessageText(box).find(L"Not enough"), std::wstring::npos);
+    CameraProcess::Press(box, IDOK);
+    EXPECT_TRUE(WaitFor([&] { return camera.MessageBox() == nullptr; }));
+    EXPECT_FALSE(std::filesystem::exists(camera.Store() / "My Documents" / "My Pictures" / "snap0001.jpg"));
 }
 
 }  // namespace

@@ -35,7 +35,15 @@ TEST(CameraScreen, StartUpTraceOfTheLargeSize) {
                      "control 0x8000000F in 4 out 0 preview mode 4"}));
 }
 
-// Exit releases the card and closes it; the window's end would release it again, but there is no handle any more.
+// Exit releases the card and closes it; the window's end releases it again, on a handle that is gone.
+TEST(CameraScreen, FrameRequestsGiveNoOutputSize) {
+    CameraProcess camera;
+    ASSERT_NE(camera.Screen(), nullptr);
+    ASSERT_TRUE(camera.WaitForFrames(3));
+    for (const std::string& line : camera.Log())
+        EXPECT_TRUE(line.find("0x80000013") == std::string::npos || line == "control 0x80000013 in 4 out 0") << line;
+}
+
 TEST(CameraScreen, ExitTrace) {
     CameraProcess camera;
     ASSERT_NE(camera.Screen(), nullptr);

@@ -36,6 +36,7 @@ HFONT CreateFace(const wchar_t* face, BYTE charset, int pixels, bool bold) {
     font.lfHeight = -pixels;
     font.lfWeight = bold ? FW_BOLD : FW_NORMAL;
     font.lfCharSet = charset;
+    font.lfQuality = ANTIALIASED_QUALITY;  // dense characters run together without
     std::wcsncpy(font.lfFaceName, face, LF_FACESIZE - 1);
     return CreateFontIndirectW(&font);
 }
@@ -59,7 +60,7 @@ HFONT CreateShellFont(LCID locale, int pixels, bool bold) {
             (script.sublanguage != SUBLANG_NEUTRAL && SUBLANGID(language) != script.sublanguage))
             continue;
         for (const wchar_t* face : script.faces) {
-            HFONT font = CreateFace(face, script.charset, pixels, bold);
+            HFONT font = CreateFace(face, script.charset, pixels + 1, bold);  // and they need the room
             if (HasCharacter(font, script.sample)) return font;
             DeleteObject(font);
         }

@@ -1,7 +1,8 @@
 // A movie's sound through the desktop's wave output.
 #pragma once
-#include <mmsystem.h>
 #include <windows.h>
+
+#include <mmsystem.h>
 
 #include <vector>
 

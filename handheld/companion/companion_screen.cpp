@@ -153,6 +153,9 @@ LRESULT CCompanionScreen::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) 
         case WM_MOUSEWHEEL:
             OnWheelMessage(wParam);
             return 0;
+        case WM_VSCROLL:
+            OnScroll(LOWORD(wParam), HIWORD(wParam));
+            return 0;
         case WM_KEYDOWN:
             OnKey(wParam);
             return 0;

@@ -50,6 +50,8 @@ class CCompanionScreen {
     virtual void OnKey(WPARAM key) = 0;
     virtual void OnWheel(int /*steps*/) {}  // above 0: away from the user
     virtual void OnTick() {}                // while a tick is set
+    virtual void OnScroll(int /*request*/, int /*position*/) {
+    }  // of a scroll bar: SB_..., where its thumb is dragged to
 
     HWND Window() const { return m_window; }
     LCID Locale() const { return m_locale; }

@@ -23,6 +23,9 @@ constexpr IconShapes kIcons[] = {
     // previous, next
     {{{Shape::line, 13, 3, {{58, 22}, {34, 48}, {58, 74}}}}},
     {{{Shape::line, 13, 3, {{38, 22}, {62, 48}, {38, 74}}}}},
+    // up, down
+    {{{Shape::line, 13, 3, {{22, 58}, {48, 34}, {74, 58}}}}},
+    {{{Shape::line, 13, 3, {{22, 38}, {48, 62}, {74, 38}}}}},
     // zoomIn, zoomOut: a magnifying glass
     {{{Shape::ring, 7, 2, {{14, 14}, {62, 62}}},
       {Shape::line, 12, 2, {{60, 60}, {80, 80}}},

@@ -7,6 +7,8 @@ namespace handheld {
 enum class Icon {
     previous,
     next,
+    up,
+    down,
     zoomIn,
     zoomOut,
     wholePicture,

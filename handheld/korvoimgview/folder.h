@@ -24,9 +24,4 @@ std::wstring PictureFolder();
 // Files only; nothing when there is no such folder.
 std::vector<FolderFile> FilesIn(const std::wstring& folder);
 
-enum class ReadResult { ok, missing, tooLarge };
-
-// Reads a whole file of at most `most` bytes.
-ReadResult ReadWhole(const std::wstring& path, size_t most, std::vector<uint8_t>& bytes);
-
 }  // namespace viewer

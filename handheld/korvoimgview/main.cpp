@@ -1,6 +1,7 @@
 // The handheld's picture viewer.
+#include "handheld/companion/command_line.h"
 #include "handheld/korvoimgview/viewer_window.h"
 
 int WINAPI wWinMain(HINSTANCE module, HINSTANCE, LPWSTR commandLine, int) {
-    return viewer::CViewerWindow(viewer::PathArgument(commandLine)).Run(module, L"HandheldPictureViewer");
+    return viewer::CViewerWindow(handheld::PathArgument(commandLine)).Run(module, L"HandheldPictureViewer");
 }

@@ -106,16 +106,4 @@ size_t PlaceOf(const std::vector<std::wstring>& names, const std::wstring& name)
     return static_cast<size_t>(at - names.begin()) + 1;
 }
 
-std::wstring PathArgument(const std::wstring& commandLine) {
-    const auto blank = [](wchar_t c) { return c == L' ' || c == L'\t'; };
-    size_t first = 0, end = commandLine.size();
-    while (first < end && blank(commandLine[first])) ++first;
-    while (end > first && blank(commandLine[end - 1])) --end;
-    if (first < end && commandLine[first] == L'"') {
-        ++first;
-        end = std::min(commandLine.find(L'"', first), end);
-    }
-    return commandLine.substr(first, end - first);
-}
-
 }  // namespace viewer

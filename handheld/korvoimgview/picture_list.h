@@ -34,7 +34,4 @@ std::wstring NameAfter(const std::vector<std::wstring>& names, const std::wstrin
 // Place in the list, counted from 1; 0 when the name is not in it.
 size_t PlaceOf(const std::vector<std::wstring>& names, const std::wstring& name);
 
-// The path in a command line that holds nothing else: with or without quotation marks, blanks inside kept.
-std::wstring PathArgument(const std::wstring& commandLine);
-
 }  // namespace viewer

@@ -1,5 +1,6 @@
 #include "handheld/korvoimgview/viewer_window.h"
 
+#include "handheld/companion/read_file.h"
 #include "handheld/korvoimgview/start_camera.h"
 
 using handheld::Icon;
@@ -37,12 +38,12 @@ void CViewerWindow::Show(const std::wstring& name) {
     if (KindOf(name) == FileKind::movie) return ShowMovie();
 
     std::vector<uint8_t> file;
-    switch (ReadWhole(m_place.Path(), kMostPictureBytes, file)) {
-        case ReadResult::missing:
+    switch (handheld::ReadWholeFile(m_place.Path(), kMostPictureBytes, file)) {
+        case handheld::ReadResult::missing:
             return ShowMessage(Text::missing);
-        case ReadResult::tooLarge:
+        case handheld::ReadResult::tooLarge:
             return ShowMessage(Text::tooLarge);
-        case ReadResult::ok:
+        case handheld::ReadResult::ok:
             break;
     }
     const DecodeResult result = m_decoder.Decode(file, m_picture);
@@ -54,9 +55,9 @@ void CViewerWindow::Show(const std::wstring& name) {
 
 void CViewerWindow::ShowMovie() {
     std::vector<uint8_t> file;
-    const ReadResult read = ReadWhole(m_place.Path(), kMostMovieBytes, file);
-    if (read != ReadResult::ok)
-        return ShowMessage(read == ReadResult::missing ? Text::missing : Text::tooLarge);
+    const handheld::ReadResult read = handheld::ReadWholeFile(m_place.Path(), kMostMovieBytes, file);
+    if (read != handheld::ReadResult::ok)
+        return ShowMessage(read == handheld::ReadResult::missing ? Text::missing : Text::tooLarge);
     m_movie = std::make_unique<CMoviePlayer>(m_decoder);
     if (!m_movie->Open(std::move(file))) return ShowMessage(Text::damagedMovie);
     TogglePlaying();

@@ -72,14 +72,5 @@ TEST(PictureList, PlaceIgnoresCapitals) {
     EXPECT_EQ(0u, PlaceOf(names, L"z.jpg"));
 }
 
-TEST(PictureList, PathWithAndWithoutQuotationMarks) {
-    EXPECT_EQ(L"\\My Documents\\a b.jpg", PathArgument(L" \\My Documents\\a b.jpg \t"));
-    EXPECT_EQ(L"\\My Documents\\a b.jpg", PathArgument(L"\"\\My Documents\\a b.jpg\" more"));
-    EXPECT_EQ(L"\\a b.jpg", PathArgument(L"\"\\a b.jpg"));
-    EXPECT_EQ(L"", PathArgument(L"  "));
-    EXPECT_EQ(L"", PathArgument(L"\""));
-    EXPECT_EQ(L"", PathArgument(L""));
-}
-
 }  // namespace
 }  // namespace viewer

@@ -20,7 +20,8 @@ Table flatTable(uint32_t step) {
 constexpr uint32_t kStride = 11;
 
 template <uint32_t kSize>
-std::array<uint8_t, kSize * kSize> transform(jpeg::InverseDct routine, const Block& block, const Table& quant) {
+std::array<uint8_t, kSize * kSize> transform(jpeg::InverseDct routine, const Block& block,
+                                             const Table& quant) {
     // One byte of guard in every row beyond the block.
     std::vector<uint8_t> samples(kStride * kSize, 0xEE);
     routine(samples.data(), block.data(), quant.data(), kStride);

@@ -53,7 +53,8 @@ TEST(WholePictures, EveryModeFollowsARamp) {
                         const double expected = 20 + 120.0 * x / target.width + 80.0 * y / target.height;
                         // A pixel of the smallest targets spans 6 levels across and 5 down; RGB565 cuts
                         // off up to 7 levels.
-                        const double slack = (mode < 7 ? 10 : 5) + 120.0 / target.width + 80.0 / target.height;
+                        const double slack =
+                            (mode < 7 ? 10 : 5) + 120.0 / target.width + 80.0 / target.height;
                         ASSERT_NEAR(lumaAt(decoded.picture, mode, x, y), expected, slack)
                             << mode << " " << size.width << ": " << x << ", " << y;
                     }

@@ -106,6 +106,21 @@ TEST(WholePictures, ThreeQuarterDeliversTwelveRowsPerMcuRow) {
     EXPECT_EQ(decoded.picture.size() % (12 * 240 * 2), 0u);
 }
 
+TEST(WholePictures, ThreeQuarterGroupsBeginAnewWithEachScan) {
+    // At reduction 4 the cut comes after two rows, in the middle of a group.
+    EncodeOptions options;
+    const TestPicture large = ramp(1280, 960);
+    const Bytes good = encodePicture(large, options);
+    options.restartInterval = 160;
+    Bytes cut = encodePicture(large, options);
+    cut.resize(cut.size() / 120 + 600);
+    TestContext context;
+    const Decoded first = runDecode(*context, 9, cut);
+    EXPECT_EQ(first.code, kDecodeInputEnded);
+    ASSERT_EQ(first.picture.size(), 2u * 720);
+    EXPECT_EQ(runDecode(*context, 9, good).picture, runDecode(9, good).picture);
+}
+
 TEST(WholePictures, OddSizesRunOutOfData) {
     for (Sampling sampling : kSamplings) {
         EncodeOptions options;

@@ -78,6 +78,7 @@ class CPageBuilder {
             m_lists.push_back(token.name == L"ol" ? 1 : 0);
         else if (!opens && !m_lists.empty())
             m_lists.pop_back();
+        m_block.level = static_cast<int>(m_lists.size());
     }
     void OnItem(const Token&, bool opens) {
         FinishBlock();

@@ -20,10 +20,10 @@ from wine_session import wine_session  # noqa: E402
 
 SIZES = {"large": "0", "small": "1"}  # setting of the video resolution
 
-# What is counted, and how much more of it the last sample may have than the first.  User objects and the server's
-# descriptors are the whole session's, where a service may come up meanwhile; of memory a full run may take less than
-# three bytes more for each frame.
-COUNTS = {"handles": 0, "gdi": 0, "user": 8, "descriptors": 0, "server descriptors": 8,
+# What is counted, and how much more of it the last sample may have than the first: a few handles that are opened once,
+# far fewer than there are frames, and of memory less than three bytes for each frame of a full run.  User objects and
+# the server's descriptors are the whole session's.
+COUNTS = {"handles": 8, "gdi": 8, "user": 8, "descriptors": 8, "server descriptors": 8,
           "private KiB": 256, "server KiB": 256, "X server KiB": 256}
 
 WARM_UP = 2000  # frames before the first sample: heaps and caches find their size

@@ -3,12 +3,14 @@
 #include "app/hardware_keys.h"
 #include "app/language.h"
 #include "app/sound_rules.h"
-#include "app/start_process.h"
 #include "capture/capture_effects.h"
 #include "capture/file_names.h"
 #include "device/preview_mode.h"
+#include "framework/start_process.h"
 #include "resources/resource.h"
+#include "settings/about_dlg.h"
 #include "settings/counters.h"
+#include "settings/setting_sheet.h"
 
 #include <mmsystem.h>
 
@@ -17,6 +19,9 @@ namespace {
 // Key repeats that pile up during a capture are dropped, three at the most: enough for a finger that lingers, and
 // a fourth press still counts.  (Commands.ActionKeyFlushesThreeMessages)
 constexpr int kFlushedMessages = 3;
+
+// The card takes new image parameters meanwhile; then the stream starts with them.
+constexpr uint32_t kImageParametersMs = 100;
 
 constexpr uint32_t SelectorAt(uint32_t zoom) { return zoom == 1 ? 2 : 3; }
 
@@ -85,14 +90,24 @@ void CCameraDlg::OnPlay() {
     ShowCaption(L"ERROR::\n Run korvoimgview.exe faile!", MB_OK);
 }
 
+// While a dialog is open over the screen its own message loop runs, so the screen may close underneath: then the
+// card is released already, and nothing of the screen is left to go on with.  (CameraScreen.MayCloseUnderADialog)
 void CCameraDlg::OnAbout() {
     StopPreview(m_camera.device);
-    RestartLiveStream();
+    CAboutDlg(m_camera.texts, m_camera.device).DoModal(Hwnd());
+    if (Hwnd() != nullptr) RestartLiveStream();
 }
 
 void CCameraDlg::OnMenu() {
     m_menuBar.Destroy();
+    CSettingSheet sheet(m_camera.texts);
     StopPreview(m_camera.device);
+    const int result = sheet.DoModal(Hwnd());
+    if (Hwnd() == nullptr) return;
+    if (result == IDOK) {
+        SendImageParams(m_camera.device, m_camera.settings);
+        PauseMilliseconds(kImageParametersMs);
+    }
     LoadScreenBitmaps();
     SelectHeader();
     RestartLiveStream();

@@ -74,6 +74,13 @@ void FillColour(HDC to, const RECT& area, COLORREF colour) {
     ExtTextOutW(to, 0, 0, ETO_OPAQUE, &area, nullptr, 0, nullptr);
 }
 
+LRESULT DialogColour(UINT message, WPARAM wParam, LRESULT answer) {
+    const bool asksForPaper = message == WM_CTLCOLORDLG || message == WM_CTLCOLORSTATIC;
+    if (!asksForPaper || answer != reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_3DFACE))) return answer;
+    SetBkColor(reinterpret_cast<HDC>(wParam), kBodyColour);
+    return reinterpret_cast<LRESULT>(GetStockObject(WHITE_BRUSH));
+}
+
 void DrawTitle(HDC to, const RECT& strip, int left, int right, const wchar_t* text, HFONT font) {
     FillColour(to, strip, kTitleColour);
     RECT area = {strip.left + left, strip.top, strip.right - right, strip.bottom};

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <vector>
 
-enum class Span { read, decode, paint, picture, overlays, freeSpace, readouts, copy };
-inline constexpr const char* kSpanNames[] = {"read",     "decode",     "paint",    "picture",
+enum class Span { read, decode, paint, canvas, picture, overlays, freeSpace, readouts, copy };
+inline constexpr const char* kSpanNames[] = {"read",     "decode",     "paint",    "canvas", "picture",
                                              "overlays", "free-space", "readouts", "copy"};
 inline constexpr size_t kSpans = std::size(kSpanNames);
 

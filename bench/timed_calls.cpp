@@ -18,6 +18,8 @@ TIME(Span::decode, uint32_t, Decode, "_Z13DecodePictureR14DecoderContextPKhjiR12
      (DecoderContext& decoder, const uint8_t* jpeg, uint32_t bytes, int32_t mode, DecodedImage& image),
      decoder, jpeg, bytes, mode, image)
 TIME(Span::freeSpace, bool, FreeSpace, "_Z14FreeStoreBytesRj", (uint32_t& bytes), bytes)
+TIME(Span::canvas, void, Create, "_ZN7CCanvasC1EP5HDC__", (CCanvas* canvas, HDC screen), canvas, screen)
+TIME(Span::canvas, void, Destroy, "_ZN7CCanvasD1Ev", (CCanvas* canvas), canvas)
 TIME(Span::picture, void, Picture, "_ZN7CCanvas11DrawPictureERK13PictureSourceii",
      (CCanvas* canvas, const PictureSource& picture, int left, int top), canvas, picture, left, top)
 TIME(Span::overlays, void, Overlay, "_ZN7CCanvas11DrawOverlayERK13OverlayBitmapii",

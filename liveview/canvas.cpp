@@ -5,10 +5,7 @@
 
 #include "liveview/overlay_plan.h"
 
-CCanvas::~CCanvas() { Release(); }
-
-void CCanvas::Prepare(HDC screen) {
-    if (IsReady()) return;
+CCanvas::CCanvas(HDC screen) {
     BITMAPINFO info = {};
     info.bmiHeader.biSize = sizeof(info.bmiHeader);
     info.bmiHeader.biWidth = kCanvasWidth;
@@ -19,22 +16,15 @@ void CCanvas::Prepare(HDC screen) {
     void* pixels = nullptr;
     m_dc = CreateCompatibleDC(screen);
     m_bitmap = CreateDIBSection(screen, &info, DIB_RGB_COLORS, &pixels, nullptr, 0);
-    if (m_dc == nullptr || m_bitmap == nullptr) {
-        Release();
-        return;
-    }
+    if (m_dc == nullptr || m_bitmap == nullptr) return;
     m_previous = SelectObject(m_dc, m_bitmap);
     m_pixels = static_cast<uint8_t*>(pixels);
 }
 
-void CCanvas::Release() {
+CCanvas::~CCanvas() {
     if (m_previous != nullptr) SelectObject(m_dc, m_previous);
     if (m_bitmap != nullptr) DeleteObject(m_bitmap);
     if (m_dc != nullptr) DeleteDC(m_dc);
-    m_previous = nullptr;
-    m_bitmap = nullptr;
-    m_dc = nullptr;
-    m_pixels = nullptr;
 }
 
 void CCanvas::DrawPicture(const PictureSource& picture, int left, int top) {

@@ -1,4 +1,4 @@
-// The off-screen 24-bit bitmap in which each paint of the live view is composed.
+// The off-screen 24-bit bitmap in which one paint of the live view is composed.
 #pragma once
 #include "app/overlay_bitmaps.h"
 #include "liveview/picture_source.h"
@@ -9,16 +9,15 @@ inline constexpr COLORREF kTransparentColor = RGB(255, 0, 255);
 
 class CCanvas {
   public:
-    CCanvas() = default;
+    explicit CCanvas(HDC screen);
     CCanvas(const CCanvas&) = delete;
     CCanvas& operator=(const CCanvas&) = delete;
     ~CCanvas();
 
-    // Makes the bitmap unless it is there: a paint finds what the one before has drawn.  When the system has no
-    // room for it drawing has no effect, and the next paint tries again.
-    void Prepare(HDC screen);
+    // False when the system had no room for the bitmap; drawing has no effect then.
+    bool IsReady() const { return m_pixels != nullptr; }
 
-    // Pictures go first, and cover everything: they write the bitmap's memory directly.
+    // Pictures go first: they write the bitmap's memory directly.
     void DrawPicture(const PictureSource& picture, int left, int top);
 
     void DrawOverlay(const OverlayBitmap& overlay, int x, int y);
@@ -28,9 +27,6 @@ class CCanvas {
     void CopyTo(HDC screen) const;
 
   private:
-    bool IsReady() const { return m_pixels != nullptr; }
-    void Release();
-
     HDC m_dc = nullptr;
     HBITMAP m_bitmap = nullptr;
     HGDIOBJ m_previous = nullptr;

@@ -5,6 +5,7 @@
 #include "capture/store_space.h"
 #include "device/preview_mode.h"
 #include "liveview/background.h"
+#include "liveview/canvas.h"
 #include "liveview/countdown.h"
 #include "liveview/overlay_plan.h"
 #include "liveview/picture_fit.h"
@@ -99,26 +100,28 @@ void CLiveViewWindow::OnPaint() {
     PAINTSTRUCT paint;
     const HDC screen = BeginPaint(Hwnd(), &paint);
     if (screen == nullptr) return;
-    m_canvas.Prepare(screen);
-    Compose();
-    m_canvas.CopyTo(screen);
+    {
+        CCanvas canvas(screen);
+        Compose(canvas);
+        canvas.CopyTo(screen);
+    }
     EndPaint(Hwnd(), &paint);
 }
 
-void CLiveViewWindow::Compose() {
-    DrawPicture();
-    DrawOverlays();
-    DrawCount();
+void CLiveViewWindow::Compose(CCanvas& canvas) {
+    DrawPicture(canvas);
+    DrawOverlays(canvas);
+    DrawCount(canvas);
     if (IsReviewing())
-        m_canvas.DrawReadout(L"Click picture to delete", kHintBounds, DT_CENTER | DT_NOPREFIX | DT_NOCLIP, kWhite, m_font);
+        canvas.DrawReadout(L"Click picture to delete", kHintBounds, DT_CENTER | DT_NOPREFIX | DT_NOCLIP, kWhite, m_font);
     wchar_t resolution[16];
     wsprintfW(resolution, L"%s", ResolutionText(m_view.settings, m_view.screen));
-    m_canvas.DrawReadout(resolution, kResolutionBounds, DT_LEFT | DT_NOPREFIX, kWhite, m_font);
-    DrawFrameRate();
+    canvas.DrawReadout(resolution, kResolutionBounds, DT_LEFT | DT_NOPREFIX, kWhite, m_font);
+    DrawFrameRate(canvas);
 }
 
 // Under review the layout is the other one, so the decoded picture has to be fitted to it.
-void CLiveViewWindow::DrawPicture() {
+void CLiveViewWindow::DrawPicture(CCanvas& canvas) const {
     const bool review = m_view.screen.reviewShowing;
     const bool large = IsLargeLayout(m_view.settings.aviResolution, review);
     const bool decodedLarge = m_view.screen.scaleCode == kScaleLarge;
@@ -133,37 +136,38 @@ void CLiveViewWindow::DrawPicture() {
         picture.pixels = fitted;
     }
     if (large) {
-        m_canvas.DrawPicture(picture, 0, 0);
+        canvas.DrawPicture(picture, 0, 0);
         return;
     }
-    m_canvas.DrawPicture({BackgroundPixels(), kCanvasWidth, kCanvasHeight}, 0, 0);
-    m_canvas.DrawPicture(picture, kSmallLeft, kSmallTop);
+    if (const uint8_t* const background = BackgroundPixels())
+        canvas.DrawPicture({background, kCanvasWidth, kCanvasHeight}, 0, 0);
+    canvas.DrawPicture(picture, kSmallLeft, kSmallTop);
 }
 
-void CLiveViewWindow::DrawOverlays() {
+void CLiveViewWindow::DrawOverlays(CCanvas& canvas) const {
     const OverlayPlan plan = PlanOverlays(m_view.settings, m_view.screen, m_view.recording);
     for (uint32_t i = 0; i < plan.count; ++i)
         if (const OverlayBitmap* const overlay = m_overlays.Find(plan.items[i].bitmap))
-            m_canvas.DrawOverlay(*overlay, plan.items[i].x, plan.items[i].y);
+            canvas.DrawOverlay(*overlay, plan.items[i].x, plan.items[i].y);
 }
 
-void CLiveViewWindow::DrawCount() {
+void CLiveViewWindow::DrawCount(CCanvas& canvas) const {
     const bool still = m_view.screen.mode == CaptureMode::still;
     const uint32_t count = still ? PicturesLeft(m_view.settings, m_view.screen)
                                  : VideoSecondsLeft(m_view.settings.aviResolution);
     wchar_t text[16];
     wsprintfW(text, L"%d", static_cast<int>(count));
-    m_canvas.DrawReadout(text, kCountBounds, DT_RIGHT | DT_NOPREFIX, still && count < kFewPictures ? kRed : kWhite, m_font);
+    canvas.DrawReadout(text, kCountBounds, DT_RIGHT | DT_NOPREFIX, still && count < kFewPictures ? kRed : kWhite, m_font);
     if (!still && count == 0 && m_view.recording.recording)
         PostMessageW(GetParent(Hwnd()), kMsgStopRecording, 0, 0);
 }
 
-void CLiveViewWindow::DrawFrameRate() {
+void CLiveViewWindow::DrawFrameRate(CCanvas& canvas) {
     const DWORD now = GetTickCount();
     if (m_previousPaint != 0 && !m_view.screen.reviewShowing) {
         wchar_t text[24];
         wsprintfW(text, L"%ldF/S", static_cast<long>(FrameRate(now - m_previousPaint)));
-        m_canvas.DrawReadout(text, kRateBounds, DT_RIGHT | DT_NOPREFIX, kWhite, m_font);
+        canvas.DrawReadout(text, kRateBounds, DT_RIGHT | DT_NOPREFIX, kWhite, m_font);
     }
     m_previousPaint = now;
 }

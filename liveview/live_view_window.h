@@ -3,10 +3,11 @@
 #include "app/overlay_bitmaps.h"
 #include "app/text_lookup.h"
 #include "framework/window.h"
-#include "liveview/canvas.h"
 #include "liveview/frame_arrival.h"
 
 inline constexpr wchar_t kLiveViewClass[] = L"ZelCameraVideoWindow";
+
+class CCanvas;
 
 class CLiveViewWindow : public CWindow {
   public:
@@ -33,16 +34,15 @@ class CLiveViewWindow : public CWindow {
 
     void RunCountdown();
     bool IsReviewing() const;
-    void Compose();
-    void DrawPicture();
-    void DrawOverlays();
-    void DrawCount();
-    void DrawFrameRate();
+    void Compose(CCanvas& canvas);
+    void DrawPicture(CCanvas& canvas) const;
+    void DrawOverlays(CCanvas& canvas) const;
+    void DrawCount(CCanvas& canvas) const;
+    void DrawFrameRate(CCanvas& canvas);
 
     LiveView& m_view;
     const COverlayBitmaps& m_overlays;
     const TextLookup& m_texts;
-    CCanvas m_canvas;
     HFONT m_font = nullptr;
     DWORD m_previousPaint = 0;  // tick count; 0 before the first paint
 };

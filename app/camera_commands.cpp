@@ -2,20 +2,26 @@
 #include "app/camera_dlg.h"
 #include "app/hardware_keys.h"
 #include "app/language.h"
-#include "app/start_process.h"
+#include "app/sound_rules.h"
 #include "capture/capture_effects.h"
 #include "capture/file_names.h"
 #include "device/preview_mode.h"
+#include "framework/start_process.h"
 #include "resources/resource.h"
+#include "settings/about_dlg.h"
 #include "settings/counters.h"
+#include "settings/setting_sheet.h"
 
 #include <mmsystem.h>
 
 namespace {
 
 // Key repeats that pile up during a capture are dropped, three at the most: enough for a finger that lingers, and
-// a fourth press still counts.  (CameraScreen.ActionKeyFlushesThreeMessages)
+// a fourth press still counts.  (Commands.ActionKeyFlushesThreeMessages)
 constexpr int kFlushedMessages = 3;
+
+// The card takes new image parameters meanwhile; then the stream starts with them.
+constexpr uint32_t kImageParametersMs = 100;
 
 constexpr uint32_t SelectorAt(uint32_t zoom) { return zoom == 1 ? 2 : 3; }
 
@@ -32,7 +38,8 @@ bool CCameraDlg::PreTranslateMessage(MSG& message) {
 }
 
 Then CCameraDlg::OnCommand(UINT id, UINT code, HWND control) {
-    if (code == BN_CLICKED && RunScreenCommand(id)) return Then::done;
+    // The second of two quick taps arrives as a double click; it counts like any other.
+    if ((code == BN_CLICKED || code == BN_DOUBLECLICKED) && RunScreenCommand(id)) return Then::done;
     return CDialog::OnCommand(id, code, control);
 }
 
@@ -66,7 +73,7 @@ void CCameraDlg::OnActionKey() {
     for (int i = 0; i < kFlushedMessages; ++i) PeekMessageW(&dropped, Hwnd(), 0, 0, PM_REMOVE);
     if (m_camera.screen.mode != CaptureMode::still) return;
     // The key tells of a full store in the user's language, the on-screen button in English.
-    // (CameraScreen.TheTwoShuttersWordAFullStoreDifferently)
+    // (FullStore.TheTwoShuttersWordItDifferently)
     const ShutterResult result = PressShutter(m_capture, GetTickCount());
     if (result == ShutterResult::noSpace)
         ShowCaption(LookUpText(m_camera.texts, kTextNoSpace), MB_ICONHAND);
@@ -83,14 +90,24 @@ void CCameraDlg::OnPlay() {
     ShowCaption(L"ERROR::\n Run korvoimgview.exe faile!", MB_OK);
 }
 
+// While a dialog is open over the screen its own message loop runs, so the screen may close underneath: then the
+// card is released already, and nothing of the screen is left to go on with.  (CameraScreen.MayCloseUnderADialog)
 void CCameraDlg::OnAbout() {
     StopPreview(m_camera.device);
-    RestartLiveStream();
+    CAboutDlg(m_camera.texts, m_camera.device).DoModal(Hwnd());
+    if (Hwnd() != nullptr) RestartLiveStream();
 }
 
 void CCameraDlg::OnMenu() {
     m_menuBar.Destroy();
+    CSettingSheet sheet(m_camera.texts);
     StopPreview(m_camera.device);
+    const int result = sheet.DoModal(Hwnd());
+    if (Hwnd() == nullptr) return;
+    if (result == IDOK) {
+        SendImageParams(m_camera.device, m_camera.settings);
+        PauseMilliseconds(kImageParametersMs);
+    }
     LoadScreenBitmaps();
     SelectHeader();
     RestartLiveStream();
@@ -149,8 +166,6 @@ void CCameraDlg::RestartLiveStream() {
     RestartPreview(m_camera.device, m_camera.settings.aviResolution, m_camera.screen.zoom);
 }
 
-// Follows the movie-sound setting, not the camera's own: silent movies mean a silent screen.
-// Who switched off only the camera sounds still hears the zoom.  (CameraScreen.ZoomSoundFollowsMovieSound)
 void CCameraDlg::PlayZoomSound(const wchar_t* name) const {
-    if (m_camera.settings.recordWithAudio != 0) PlaySoundW(name, m_module, SND_RESOURCE | SND_ASYNC);
+    if (IsZoomAudible(m_camera.settings)) PlaySoundW(name, m_module, SND_RESOURCE | SND_ASYNC);
 }

@@ -1,11 +1,11 @@
 #include "app/camera_dlg.h"
 
-#include "app/help.h"
 #include "app/posted_messages.h"
 #include "device/watchdog.h"
 #include "framework/paint_scope.h"
 #include "framework/program_module.h"
 #include "resources/resource.h"
+#include "settings/help.h"
 
 CCameraDlg::CCameraDlg(CameraRecords& camera, Profile& profile)
     : CDialog(IDD_CAMERA, Placement::screen),

@@ -28,6 +28,8 @@ class CCameraDlg : public CDialog {
 
   protected:
     bool OnInitDialog() override;
+    void OnOK() override {}      // neither Enter nor Escape ends the screen
+    void OnCancel() override {}
 
   private:
     // start_up.cpp

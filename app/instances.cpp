@@ -8,6 +8,6 @@ CCameraApp g_application(g_camera);
 
 }  // namespace
 
-int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, LPWSTR commandLine, int) {
-    return RunApplication(g_application, instance, commandLine);
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR commandLine, int) {
+    return RunApplication(g_application, commandLine);
 }

@@ -17,7 +17,7 @@ constexpr uint32_t kPauseOther = 25;
 constexpr bool IsSmallMode(uint8_t mode) { return mode == 4 || mode == 8 || mode == 17; }
 
 // Unlike everywhere else, a video resolution outside the table restarts the small stream.
-// Only a profile edited by hand shows it.  (StillCapture.UnknownResolutionRestartsTheSmallStream)
+// Only a profile edited by hand shows it.  (StillCaptureTest.UnknownResolutionRestartsTheSmallStream)
 void RestartAfterCapture(StillCapture& capture) {
     const uint32_t mode = PreviewMode(capture.settings.aviResolution, capture.screen.zoom);
     StartPreview(capture.device, mode != 0 ? mode : 6);

@@ -30,7 +30,7 @@ uint32_t StartPreview(CameraDevice& device, uint32_t mode) {
     device.lastMode = mode;
     device.streaming = true;
     // The driver takes the mode from the input's length; the buffer only carries our window variable's address.
-    // An honest sizeof would ask for one and the same mode at every zoom.  (CameraDevice.ModeTravelsInInputSize)
+    // An honest sizeof would ask for one and the same mode at every zoom.  (CameraDeviceTest.ModeTravelsInInputSize)
     return Control(device, IOCTL_CAMERA_START_PREVIEW, &device.previewWindow, mode) ? 0 : 1;
 }
 

@@ -13,7 +13,7 @@ bool ControlDriver(DriverHandle handle, uint32_t code, const void* input, uint32
                    uint32_t& returned) {
     DWORD count = 0;
     // The output size is always 0, although the driver writes into the buffer: it knows how much belongs there,
-    // and other sizes would be another request to it.  (CameraDevice.OutputSizeIsZero)
+    // and other sizes would be another request to it.  (CameraScreen.FrameRequestsGiveNoOutputSize)
     const bool accepted = DeviceIoControl(handle, code, const_cast<void*>(input), inputSize, output, 0, &count, nullptr);
     returned = count;
     return accepted;

@@ -1,13 +1,12 @@
 #include "framework/message_loop.h"
 
 #include "framework/window.h"
-#include "framework/window_links.h"
 
 namespace {
 
 bool PreTranslate(MSG& message) {
     for (HWND hwnd = message.hwnd; hwnd; hwnd = GetParent(hwnd)) {
-        CWindow* window = WindowOf(hwnd);
+        CWindow* window = CWindow::Of(hwnd);
         if (window && window->PreTranslateMessage(message)) return true;
         // GetParent of a top-level window is its owner, which has no say in a dialog over it.
         if (!(GetWindowLongW(hwnd, GWL_STYLE) & WS_CHILD)) break;

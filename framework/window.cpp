@@ -1,7 +1,8 @@
 #include "framework/window.h"
 
 #include "framework/program_module.h"
-#include "framework/window_links.h"
+
+CWindow* CWindow::s_first = nullptr;
 
 CWindow::~CWindow() {
     const HWND hwnd = m_hwnd;
@@ -26,6 +27,12 @@ int CWindow::ShowMessage(const wchar_t* text, const wchar_t* caption, UINT style
     return MessageBoxW(m_hwnd, text ? text : L"", caption ? caption : L"", style);
 }
 
+CWindow* CWindow::Of(HWND hwnd) {
+    CWindow* window = s_first;
+    while (window && window->m_hwnd != hwnd) window = window->m_next;
+    return window;
+}
+
 Reply CWindow::OnMessage(const Message&) {
     return {};
 }
@@ -40,26 +47,27 @@ bool CWindow::PreTranslateMessage(MSG&) {
 
 void CWindow::Attach(HWND hwnd) {
     m_hwnd = hwnd;
-    LinkWindow(hwnd, *this);
+    m_next = s_first;
+    s_first = this;
 }
 
 void CWindow::Detach() {
-    UnlinkWindow(m_hwnd);
+    CWindow** link = &s_first;
+    while (*link != this) link = &(*link)->m_next;
+    *link = m_next;
     m_hwnd = nullptr;
 }
 
 Reply CWindow::Route(HWND hwnd, const Message& message) {
-    CWindow* window = WindowOf(hwnd);
+    CWindow* window = Of(hwnd);
     if (!window) return {};
     if (message.message == WM_COMMAND) {
         const HWND control = reinterpret_cast<HWND>(message.lParam);
         const UINT code = control ? HIWORD(message.wParam) : 0;
         if (window->OnCommand(LOWORD(message.wParam), code, control) == Then::done) return 0;
-        window = WindowOf(hwnd);  // the command may have closed the window
-        if (!window) return 0;
     }
     const Reply reply = window->OnMessage(message);
-    if (message.message == WM_DESTROY && (window = WindowOf(hwnd))) {
+    if (message.message == WM_DESTROY && (window = Of(hwnd))) {
         window->Detach();
         window->OnWindowGone();
     }

@@ -17,6 +17,9 @@ class CWindow {
     // Null before creation and after destruction.
     HWND Hwnd() const { return m_hwnd; }
 
+    // The object behind a window, or null when it is not one of the framework's.  User-interface thread only.
+    static CWindow* Of(HWND hwnd);
+
     // A modal message box over this window; the button's id.  Null texts show as empty.
     int ShowMessage(const wchar_t* text, const wchar_t* caption, UINT style) const;
 
@@ -45,6 +48,10 @@ class CWindow {
     static LRESULT CALLBACK WindowProcedure(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
     void Detach();
 
+    // All objects that have a window, in a list through the objects.  (A window itself has room for 32 bits
+    // of its program's on CE, too few for a desktop's pointer.)
+    static CWindow* s_first;
+    CWindow* m_next = nullptr;
     HWND m_hwnd = nullptr;
 };
 

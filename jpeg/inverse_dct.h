@@ -5,6 +5,10 @@
 
 namespace jpeg {
 
+// Rows of `out` are `stride` bytes apart.
+using InverseDct = void (*)(uint8_t* out, const int32_t* coefficients, const uint32_t* quant,
+                            uint32_t stride);
+
 void inverseDct8(uint8_t* out, const int32_t* coefficients, const uint32_t* quant, uint32_t stride);
 void inverseDct4(uint8_t* out, const int32_t* coefficients, const uint32_t* quant, uint32_t stride);
 

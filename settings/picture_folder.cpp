@@ -8,6 +8,6 @@ void EnsurePictureFolder() {
     const HANDLE search = CeFindFirstFile(kFolder, found);
     if (search == INVALID_HANDLE_VALUE) CreateDirectoryW(kFolder, nullptr);
     // Closed as a plain handle, and also when nothing was found: the system lets both pass without effect.
-    // Only a leak checker would notice.  (SettingsStore.SearchHandleIsClosedAsAPlainHandle)
+    // Only a leak checker would notice.  (CameraScreen.MakesThePictureFolder)
     CloseHandle(search);
 }

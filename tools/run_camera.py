@@ -46,7 +46,7 @@ def build():
 def has_display():
     if not os.environ.get("DISPLAY"):
         return False
-    return subprocess.run(["xset", "q"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
+    return subprocess.run(["xdpyinfo"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
 
 
 def parse():

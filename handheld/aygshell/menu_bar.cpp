@@ -76,7 +76,12 @@ CMenuBar* CMenuBar::From(HWND bar) {
 }
 
 CMenuBar::~CMenuBar() {
-    if (openBar == this) openBar = nullptr;
+    if (openBar == this) {
+        openBar = nullptr;
+        // The menu's loop outlives its owner; the message wakes it to see that it has been ended.
+        EndMenu();
+        PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
+    }
     DestroyMenu(m_menu);
     DeleteObject(m_font);
 }

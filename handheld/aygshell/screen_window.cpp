@@ -79,7 +79,7 @@ void CScreen::RemoveBar(HWND bar) {
 }
 
 LRESULT CScreen::Default(UINT message, WPARAM wParam, LPARAM lParam) const {
-    return CallWindowProcW(m_before, m_window, message, wParam, lParam);
+    return DialogColour(message, wParam, CallWindowProcW(m_before, m_window, message, wParam, lParam));
 }
 
 LRESULT CALLBACK CScreen::WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -44,6 +44,7 @@ Registered& HotKeys() {
 }
 
 thread_local HHOOK messageHook;
+thread_local unsigned heldKeys;  // of the table above, a bit each: pressed bare and not yet released
 
 bool WithModifier() {
     return GetKeyState(VK_SHIFT) < 0 || GetKeyState(VK_CONTROL) < 0 || GetKeyState(VK_MENU) < 0;
@@ -69,11 +70,20 @@ void Translate(MSG& message) {
     if (message.message != WM_KEYDOWN && message.message != WM_KEYUP) return;
     const auto key = std::find_if(std::begin(kKeys), std::end(kKeys),
                                   [&](const HardwareKey& k) { return k.pcKey == message.wParam; });
-    if (key == std::end(kKeys) || WithModifier()) return;
+    if (key == std::end(kKeys)) return;
+    const unsigned held = 1u << (key - kKeys);
+    const bool repeated = message.lParam & (1 << 30);
+    if (message.message == WM_KEYUP) {
+        // A key is released as what it was pressed as, whatever became of Shift in between.
+        if (heldKeys & held) message.wParam = key->key;
+        heldKeys &= ~held;
+        return;
+    }
+    if (!repeated && !WithModifier()) heldKeys |= held;
+    if (!(heldKeys & held)) return;
     message.wParam = key->key;
     HotKey hotKey;
-    if (message.message != WM_KEYDOWN || !FindHotKey(key->key, hotKey)) return;
-    const bool repeated = message.lParam & (1 << 30);
+    if (!FindHotKey(key->key, hotKey)) return;
     message.hwnd = hotKey.window;
     message.message = repeated ? WM_NULL : WM_HOTKEY;
     message.wParam = static_cast<WPARAM>(hotKey.id);

@@ -36,6 +36,7 @@ HFONT CreateFace(const wchar_t* face, BYTE charset, int pixels, bool bold) {
     font.lfHeight = -pixels;
     font.lfWeight = bold ? FW_BOLD : FW_NORMAL;
     font.lfCharSet = charset;
+    font.lfQuality = ANTIALIASED_QUALITY;  // dense characters run together without
     std::wcsncpy(font.lfFaceName, face, LF_FACESIZE - 1);
     return CreateFontIndirectW(&font);
 }
@@ -59,7 +60,7 @@ HFONT CreateShellFont(LCID locale, int pixels, bool bold) {
             (script.sublanguage != SUBLANG_NEUTRAL && SUBLANGID(language) != script.sublanguage))
             continue;
         for (const wchar_t* face : script.faces) {
-            HFONT font = CreateFace(face, script.charset, pixels, bold);
+            HFONT font = CreateFace(face, script.charset, pixels + 1, bold);  // and they need the room
             if (HasCharacter(font, script.sample)) return font;
             DeleteObject(font);
         }
@@ -71,6 +72,13 @@ HFONT CreateShellFont(LCID locale, int pixels, bool bold) {
 void FillColour(HDC to, const RECT& area, COLORREF colour) {
     SetBkColor(to, colour);
     ExtTextOutW(to, 0, 0, ETO_OPAQUE, &area, nullptr, 0, nullptr);
+}
+
+LRESULT DialogColour(UINT message, WPARAM wParam, LRESULT answer) {
+    const bool asksForPaper = message == WM_CTLCOLORDLG || message == WM_CTLCOLORSTATIC;
+    if (!asksForPaper || answer != reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_3DFACE))) return answer;
+    SetBkColor(reinterpret_cast<HDC>(wParam), kBodyColour);
+    return reinterpret_cast<LRESULT>(GetStockObject(WHITE_BRUSH));
 }
 
 void DrawTitle(HDC to, const RECT& strip, int left, int right, const wchar_t* text, HFONT font) {

@@ -18,6 +18,10 @@ HFONT CreateShellFont(LCID locale, int pixels, bool bold);
 
 void FillColour(HDC to, const RECT& area, COLORREF colour);
 
+// Dialogs are white: what a dialog answers to a message of any kind, or for WM_CTLCOLORDLG and WM_CTLCOLORSTATIC, when
+// that is the desktop's grey, the shell's paper.  `wParam`: the message's own.
+LRESULT DialogColour(UINT message, WPARAM wParam, LRESULT answer);
+
 // Fills a title strip and writes its text, shortened by an ellipsis to fit between the given margins.
 void DrawTitle(HDC to, const RECT& strip, int left, int right, const wchar_t* text, HFONT font);
 

@@ -10,7 +10,7 @@ constexpr uint8_t kStart = 0xD8, kEnd = 0xD9, kScan = 0xDA, kHuffman = 0xC4;
 
 struct Table {
     uint8_t place;  // class and number, as in the segment
-    const sio::HuffmanSpec& spec;
+    const sio::HuffmanTable& spec;
 };
 
 void AddHuffmanTables(std::vector<uint8_t>& file) {

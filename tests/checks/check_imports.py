@@ -13,11 +13,12 @@ TOOL = "x86_64-w64-mingw32-"
 
 PROGRAM_FOLDERS = ["app", "capture", "device", "framework", "jpeg", "liveview", "settings"]
 
-# What the compiler's own start-up and C++ library take from the desktop; no program source calls these.
+# What the compiler's own start-up and C++ library take from the desktop, as the linked image shows; what the program's
+# own sources call is read from their objects instead.
 RUNTIME = set((LISTS / "desktop_runtime.txt").read_text().split())
 
 # Symbols that the compiler itself adds to objects.
-COMPILER = re.compile(r"^(_Z|__gxx|__cxa|_Unwind|___chkstk|__main$|__dso|_pei386|\.refptr|__emutls|_tls)")
+COMPILER = re.compile(r"^(_Z|__gxx|__cxa|_Unwind|___chkstk|__main$|__dso|_pei386|atexit$|\.refptr|__emutls|_tls)")
 
 
 def exported(library):

@@ -71,6 +71,10 @@ class WineSession:
                 "[HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion\\FontLink\\SystemLink]\n" + links,
                 encoding="utf-16")
             self.run(["regedit", "/S", str(registry)], timeout=60, check=True)
+            if self.display:
+                # Without a window manager Wine would wait two seconds for one at every window.
+                self.run(["reg", "add", r"HKCU\Software\Wine\X11 Driver", "/v", "Managed", "/d", "N", "/f"],
+                         timeout=60, check=True, stdout=subprocess.DEVNULL)
             ready.touch()
 
     @staticmethod

@@ -2,13 +2,13 @@
 
 namespace sio {
 
-const HuffmanSpec kLumaDc = {
+const HuffmanTable kLumaDc = {
     {0, 1, 5, 1, 1, 1, 1, 1, 1, 0, 0, 0, 0, 0, 0, 0}, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}, 12};
 
-const HuffmanSpec kChromaDc = {
+const HuffmanTable kChromaDc = {
     {0, 3, 1, 1, 1, 1, 1, 1, 1, 1, 1, 0, 0, 0, 0, 0}, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}, 12};
 
-const HuffmanSpec kLumaAc = {
+const HuffmanTable kLumaAc = {
     {0, 2, 1, 3, 3, 2, 4, 3, 5, 5, 4, 4, 0, 0, 1, 125},
     {0x01, 0x02, 0x03, 0x00, 0x04, 0x11, 0x05, 0x12, 0x21, 0x31, 0x41, 0x06, 0x13, 0x51, 0x61, 0x07, 0x22,
      0x71, 0x14, 0x32, 0x81, 0x91, 0xA1, 0x08, 0x23, 0x42, 0xB1, 0xC1, 0x15, 0x52, 0xD1, 0xF0, 0x24, 0x33,
@@ -22,7 +22,7 @@ const HuffmanSpec kLumaAc = {
      0xF2, 0xF3, 0xF4, 0xF5, 0xF6, 0xF7, 0xF8, 0xF9, 0xFA},
     162};
 
-const HuffmanSpec kChromaAc = {
+const HuffmanTable kChromaAc = {
     {0, 2, 1, 2, 4, 4, 3, 4, 7, 5, 4, 4, 0, 1, 2, 119},
     {0x00, 0x01, 0x02, 0x03, 0x11, 0x04, 0x05, 0x21, 0x31, 0x06, 0x12, 0x41, 0x51, 0x07, 0x61, 0x71, 0x13,
      0x22, 0x32, 0x81, 0x08, 0x14, 0x42, 0x91, 0xA1, 0xB1, 0xC1, 0x09, 0x23, 0x33, 0x52, 0xF0, 0x15, 0x62,
@@ -36,12 +36,12 @@ const HuffmanSpec kChromaAc = {
      0xF2, 0xF3, 0xF4, 0xF5, 0xF6, 0xF7, 0xF8, 0xF9, 0xFA},
     162};
 
-CHuffmanCodes::CHuffmanCodes(const HuffmanSpec& spec) {
+CHuffmanCodes::CHuffmanCodes(const HuffmanTable& table) {
     uint32_t word = 0;
     int next = 0;
     for (int length = 1; length <= 16; ++length, word <<= 1) {
-        for (int i = 0; i < spec.counts[length - 1]; ++i, ++word) {
-            const int symbol = spec.symbols[next++];
+        for (int i = 0; i < table.counts[length - 1]; ++i, ++word) {
+            const int symbol = table.symbols[next++];
             m_words[symbol] = static_cast<uint16_t>(word);
             m_lengths[symbol] = static_cast<uint8_t>(length);
         }

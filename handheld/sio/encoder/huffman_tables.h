@@ -6,18 +6,18 @@
 namespace sio {
 
 // As in a DHT segment: how many codes have 1..16 bits, and the symbols by rising code.
-struct HuffmanSpec {
+struct HuffmanTable {
     uint8_t counts[16];
     uint8_t symbols[162];
     int symbolCount;
 };
 
-extern const HuffmanSpec kLumaDc, kLumaAc, kChromaDc, kChromaAc;
+extern const HuffmanTable kLumaDc, kLumaAc, kChromaDc, kChromaAc;
 
 // Code word of every symbol; length 0 for symbols without one.
 class CHuffmanCodes {
   public:
-    explicit CHuffmanCodes(const HuffmanSpec& spec);
+    explicit CHuffmanCodes(const HuffmanTable& table);
     uint32_t word(int symbol) const { return m_words[symbol]; }
     int length(int symbol) const { return m_lengths[symbol]; }
 

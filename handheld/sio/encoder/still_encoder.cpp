@@ -52,11 +52,11 @@ void putStepTable(CFileWriter& out, int id, const StepTable& steps) {
     out.block(steps.data(), steps.size());
 }
 
-void putHuffmanTable(CFileWriter& out, int id, const HuffmanSpec& spec) {
-    out.words({0xFFC4, 3 + 16 + spec.symbolCount});
+void putHuffmanTable(CFileWriter& out, int id, const HuffmanTable& table) {
+    out.words({0xFFC4, 3 + 16 + table.symbolCount});
     out.bytes({id});
-    out.block(spec.counts, 16);
-    out.block(spec.symbols, spec.symbolCount);
+    out.block(table.counts, 16);
+    out.block(table.symbols, table.symbolCount);
 }
 
 void putHeaders(CFileWriter& out, const Picture& picture, const StepTables& steps) {

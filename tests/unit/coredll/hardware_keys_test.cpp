@@ -37,14 +37,18 @@ class HardwareKeys : public testing::Test {
     }
 
     // A key pressed and released, through the queue.
-    void Type(WPARAM key, UINT repeats = 0) {
-        PostMessageW(m_window, WM_KEYDOWN, key, 1);
-        while (repeats--) PostMessageW(m_window, WM_KEYDOWN, key, 1 | (1 << 30));
-        PostMessageW(m_window, WM_KEYUP, key, 0xC0000001);
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
+    void Type(WPARAM key, int repeats = 0) {
+        Send(WM_KEYDOWN, key);
+        while (repeats-- > 0) Send(WM_KEYDOWN, key, 1 << 30);
+        Send(WM_KEYUP, key);
+    }
+
+    void Send(UINT message, WPARAM key, LPARAM state = 0) {
+        PostMessageW(m_window, message, key, message == WM_KEYUP ? 0xC0000001 : 1 | state);
+        MSG taken;
+        while (PeekMessageW(&taken, nullptr, 0, 0, PM_REMOVE)) {
+            TranslateMessage(&taken);
+            DispatchMessageW(&taken);
         }
     }
 
@@ -78,6 +82,26 @@ TEST_F(HardwareKeys, HoldingAKeyIsOneHotKey) {
 
 TEST_F(HardwareKeys, F5IsTheActionKey) {
     Type(VK_F5);
+    Expect({{WM_KEYDOWN, 134}, {WM_KEYUP, 134}});
+}
+
+// Fingers seldom leave a key and Shift in the order in which they came.
+TEST_F(HardwareKeys, ReleaseFollowsThePress) {
+    BYTE keys[256] = {};
+    keys[VK_SHIFT] = 0x80;
+    SetKeyboardState(keys);
+    Send(WM_KEYDOWN, VK_F2);
+    keys[VK_SHIFT] = 0;
+    SetKeyboardState(keys);
+    Send(WM_KEYUP, VK_F2);
+    Expect({{WM_KEYDOWN, VK_F2}, {WM_KEYUP, VK_F2}});
+    seen.clear();
+    Send(WM_KEYDOWN, VK_F5);
+    keys[VK_SHIFT] = 0x80;
+    SetKeyboardState(keys);
+    Send(WM_KEYUP, VK_F5);
+    keys[VK_SHIFT] = 0;
+    SetKeyboardState(keys);
     Expect({{WM_KEYDOWN, 134}, {WM_KEYUP, 134}});
 }
 

@@ -97,8 +97,8 @@ TEST_F(StoreTest, InvalidHandlesAreRefused) {
 TEST_F(StoreTest, FirstUseMakesTheStore) {
     const Setting root(L"HANDHELD_ROOT", m_root + L"\\new\\store");
     PROCESS_INFORMATION made = {};
-    ASSERT_TRUE(CreateProcessW(L"standin_child.exe", nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr, nullptr,
-                               &made));
+    ASSERT_TRUE(CreateProcessW(L"standin_child.exe", nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                               nullptr, &made));
     EXPECT_EQ(WaitForSingleObject(made.hProcess, 20000), static_cast<DWORD>(WAIT_OBJECT_0));
     CloseHandle(made.hThread);
     CloseHandle(made.hProcess);

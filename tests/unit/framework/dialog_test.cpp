@@ -1,7 +1,6 @@
 // Modal dialogs: how they begin, run and end, alone and nested.
 #include "framework/dialog.h"
 
-#include "framework/window_links.h"
 #include "scripted_dialog.h"
 #include "shell_double.h"
 #include "test_resources.h"
@@ -274,17 +273,22 @@ TEST_F(Dialog, PreTranslationMaySwallowTheEnterKey) {
 TEST_F(Dialog, PreTranslationIsNotAskedForADialogOverIt) {
     CScriptedDialog outer(IDD_FIELDS);
     CScriptedDialog inner(IDD_SMALL);
-    int outerSaw = 0;
-    int innerSaw = 0;
-    outer.preTranslate = [&](MSG& message) { return message.message == WM_KEYUP && ++outerSaw; };
-    inner.preTranslate = [&](MSG& message) { return message.message == WM_KEYUP && ++innerSaw; };
-    inner.steps = {[&] { PostMessageW(GetDlgItem(inner.Hwnd(), IDOK), WM_KEYUP, 0xC1, 1); },
-                   [&] { PostMessageW(GetDlgItem(outer.Hwnd(), IDC_TEXT), WM_KEYUP, 0xC2, 1); },
+    std::string log;
+    const auto record = [&log](const char* name) {
+        return [&log, name](MSG& message) {
+            if (message.message == WM_USER + 5) log += name;
+            return false;
+        };
+    };
+    outer.preTranslate = record("outer;");
+    inner.preTranslate = record("inner;");
+    inner.steps = {[&] { PostMessageW(GetDlgItem(inner.Hwnd(), IDOK), WM_USER + 5, 0, 0); },
+                   [&] { log += "then;"; },
+                   [&] { PostMessageW(GetDlgItem(outer.Hwnd(), IDC_TEXT), WM_USER + 5, 0, 0); },
                    [&] { inner.EndDialog(IDOK); }};
     outer.steps = {[&] { inner.DoModal(outer.Hwnd()); }, [&] { outer.EndDialog(IDOK); }};
     outer.DoModal(owner);
-    EXPECT_EQ(1, innerSaw);
-    EXPECT_EQ(1, outerSaw);  // its own, although the inner loop took it from the queue
+    EXPECT_EQ("inner;then;outer;", log);  // its own it sees, although the inner loop took it from the queue
 }
 
 TEST_F(Dialog, PreTranslationMayCloseTheDialog) {
@@ -301,6 +305,7 @@ TEST_F(Dialog, SteadyPostingLeavesTimersAndPaintTheirTurn) {
     class CBusyDialog : public CDialog {
       public:
         CBusyDialog() : CDialog(IDD_FIELDS) {}
+        std::atomic<HWND> target{nullptr};
         std::atomic<bool> stop{false};
         std::atomic<bool> unread{false};
         int frames = 0;
@@ -320,6 +325,7 @@ TEST_F(Dialog, SteadyPostingLeavesTimersAndPaintTheirTurn) {
       protected:
         bool OnInitDialog() override {
             SetTimer(Hwnd(), 1, 20, nullptr);
+            target = Hwnd();
             return CDialog::OnInitDialog();
         }
 
@@ -340,7 +346,7 @@ TEST_F(Dialog, SteadyPostingLeavesTimersAndPaintTheirTurn) {
     // Like the camera card: never more than one unread message.
     std::thread card([&] {
         while (!dialog.stop) {
-            const HWND hwnd = dialog.Hwnd();
+            const HWND hwnd = dialog.target;
             if (hwnd && !dialog.unread.exchange(true)) PostMessageW(hwnd, WM_USER + 10, 0, 0);
             Sleep(1);
         }

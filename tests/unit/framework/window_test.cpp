@@ -2,7 +2,6 @@
 #include "framework/window.h"
 
 #include "framework/program_module.h"
-#include "framework/window_links.h"
 
 #include <gtest/gtest.h>
 
@@ -66,10 +65,10 @@ TEST(Window, LivesFromCreateToDestroy) {
     ASSERT_TRUE(window.CreateTest());
     const HWND hwnd = window.Hwnd();
     EXPECT_TRUE(IsWindow(hwnd));
-    EXPECT_EQ(&window, WindowOf(hwnd));
+    EXPECT_EQ(&window, CWindow::Of(hwnd));
     DestroyWindow(hwnd);
     EXPECT_EQ(nullptr, window.Hwnd());
-    EXPECT_EQ(nullptr, WindowOf(hwnd));
+    EXPECT_EQ(nullptr, CWindow::Of(hwnd));
     EXPECT_EQ("create;destroy;gone;", window.log);
 }
 
@@ -101,7 +100,7 @@ TEST(Window, ObjectTakesItsWindowAlong) {
     const HWND hwnd = window->Hwnd();
     window.reset();
     EXPECT_FALSE(IsWindow(hwnd));
-    EXPECT_EQ(nullptr, WindowOf(hwnd));
+    EXPECT_EQ(nullptr, CWindow::Of(hwnd));
 }
 
 TEST(Window, ChildrenGoWithTheirParent) {
@@ -122,7 +121,7 @@ TEST(Window, ManyWindowsKeepTheirOwnObjects) {
         ASSERT_TRUE(windows.back()->CreateTest());
     }
     for (int i = 0; i < 50; i += 2) windows[i].reset();
-    for (int i = 1; i < 50; i += 2) EXPECT_EQ(windows[i].get(), WindowOf(windows[i]->Hwnd()));
+    for (int i = 1; i < 50; i += 2) EXPECT_EQ(windows[i].get(), CWindow::Of(windows[i]->Hwnd()));
 }
 
 TEST(Window, CommandsAreSeenBeforeTheTable) {

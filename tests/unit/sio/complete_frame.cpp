@@ -11,11 +11,11 @@ void append(std::vector<uint8_t>& out, std::initializer_list<int> bytes) {
     for (int byte : bytes) out.push_back(static_cast<uint8_t>(byte));
 }
 
-void appendHuffman(std::vector<uint8_t>& out, int id, const sio::HuffmanSpec& spec) {
-    const int length = 19 + spec.symbolCount;
+void appendHuffman(std::vector<uint8_t>& out, int id, const sio::HuffmanTable& table) {
+    const int length = 19 + table.symbolCount;
     append(out, {0xFF, 0xC4, length >> 8, length & 0xFF, id});
-    out.insert(out.end(), spec.counts, spec.counts + 16);
-    out.insert(out.end(), spec.symbols, spec.symbols + spec.symbolCount);
+    out.insert(out.end(), table.counts, table.counts + 16);
+    out.insert(out.end(), table.symbols, table.symbols + table.symbolCount);
 }
 
 }  // namespace

@@ -116,10 +116,11 @@ int DriverTest::announcements(DWORD milliseconds, int enough) {
     return count;
 }
 
-bool DriverTest::capture(uint8_t mode, const std::wstring& path, uint8_t quality) {
+bool DriverTest::capture(uint8_t mode, const std::wstring& path, uint8_t quality, uint32_t soundModule) {
     StillRequest request{};
     request.mode = mode;
     request.quality = quality;
+    request.soundModule = soundModule;
     std::memcpy(reinterpret_cast<char*>(&request) + offsetof(StillRequest, path), path.c_str(),
                 (path.size() + 1) * sizeof(wchar_t));
     return control(IOCTL_CAMERA_CAPTURE_STILL, &request, sizeof request);

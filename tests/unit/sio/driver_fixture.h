@@ -33,7 +33,7 @@ class DriverTest : public ::testing::Test {
     Frame firstFrame(DWORD mode);
     // Announcements that arrive within a time, taken out of the queue; stops early at `enough`.
     int announcements(DWORD milliseconds, int enough = 1000);
-    bool capture(uint8_t mode, const std::wstring& path, uint8_t quality = 1);
+    bool capture(uint8_t mode, const std::wstring& path, uint8_t quality = 1, uint32_t soundModule = 0);
 
     void setEnvironment(const wchar_t* name, const std::wstring& value);
     void writeCard(const std::string& words) { writeFile(m_root + L"\\card.txt", words); }

@@ -215,6 +215,14 @@ TEST_F(CardDriver, StillPathsLiveInTheStore) {
     EXPECT_FALSE(exists(m_store + L"\\My Documents.part"));
 }
 
+TEST_F(CardDriver, ShutterSoundIsNoCondition) {
+    start();
+    const auto program = static_cast<uint32_t>(reinterpret_cast<DWORD_PTR>(GetModuleHandleW(nullptr)));
+    EXPECT_TRUE(capture(4, L"\\own.jpg", 1, program));
+    EXPECT_TRUE(capture(4, L"\\foreign.jpg", 1, 0x12345));
+    EXPECT_TRUE(exists(m_store + L"\\own.jpg") && exists(m_store + L"\\foreign.jpg"));
+}
+
 TEST_F(CardDriver, FullStoreRefusesTheStillAndKeepsTheOld) {
     start();
     ASSERT_TRUE(capture(4, L"\\old.jpg"));

@@ -1,5 +1,5 @@
-#include "app/help.h"
+#include "settings/help.h"
 
-#include "app/start_process.h"
+#include "framework/start_process.h"
 
 void ShowHelp() { StartProcess(L"peghelp.exe", L"file:Lumetta Mobile Camera Help.htm"); }

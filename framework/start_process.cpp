@@ -1,4 +1,4 @@
-#include "app/start_process.h"
+#include "framework/start_process.h"
 
 #include "platform/ce.h"
 

@@ -67,16 +67,14 @@ struct DecoderCursors {
     // Set by the caller before each decode.
     const uint8_t* inputCursor = nullptr;  // next compressed byte that is not in the chunk yet
     uint32_t inputRemaining = 0;           // bytes from there on
-    uint8_t* outputCursor = nullptr;       // picture buffer of TargetPicture::totalBytes; moves on row by
-                                           // row
+    uint8_t* outputCursor = nullptr;       // picture buffer of totalBytes; moves on row by row
     // Kept by the decoder.
     uint32_t outputBytes = 0;  // delivered by this decode, never more than totalBytes
     const uint8_t* chunkCursor = nullptr;
     const uint8_t* chunkEnd = nullptr;
 };
 
-// All state of the decoder; the start state is the default one. The working
-// buffer is kept from frame to frame.
+// All state of the decoder; the start state is the default one. The working buffer is kept between frames.
 struct DecoderContext {
     DecoderCursors cursors;
 
@@ -144,13 +142,12 @@ struct DecoderContext {
     uint8_t inputChunk[kInputChunkBytes];
 };
 
-// Fills the four Huffman tables. Once, before the first decode. Returns the
-// context.
+// Fills the four Huffman tables. Once, before the first decode. Returns the context.
 DecoderContext* buildHuffmanTables(DecoderContext& context);
 
-// Decodes one JPEG stream into the picture buffer; the caller has set the first
-// three cursors. On any code but 0 the rows that were finished by then have been
-// delivered.
+// Decodes one JPEG stream into the picture buffer; the caller has set the first three cursors. On any code
+// but 0 the rows that were finished by then have been delivered. statsEnabled: 0, or set statsTuning for the
+// card.
 uint32_t decode(int32_t mode, DecoderContext& context, uint32_t statsEnabled);
 
 // Frees the working buffer; the next decode allocates it again.

@@ -30,11 +30,26 @@ CFontSet::~CFontSet() {
 }
 
 int CFontSet::Width(Face face, const std::wstring& text) const {
-    SIZE size = {};
+    int width = 0;
+    for (wchar_t character : text) width += Advance(face, character);
+    return width;
+}
+
+// Asked of the glyph: where a font has bitmaps, Wine measures a text by the outlines, whose widths differ,
+// and an underline or a frame would end beside its word.
+int CFontSet::Advance(Face face, wchar_t character) const {
+    const auto [entry, isNew] = m_advances[static_cast<int>(face)].try_emplace(character, 0);
+    if (!isNew) return entry->second;
     HGDIOBJ before = SelectObject(m_canvas, Font(face));
-    GetTextExtentPoint32W(m_canvas, text.data(), static_cast<int>(text.size()), &size);
+    const MAT2 asItIs = {{0, 1}, {0, 0}, {0, 0}, {0, 1}};
+    GLYPHMETRICS glyph = {};
+    SIZE size = {};
+    if (GetGlyphOutlineW(m_canvas, character, GGO_BITMAP, &glyph, 0, nullptr, &asItIs) != GDI_ERROR)
+        entry->second = glyph.gmCellIncX;
+    else if (GetTextExtentPoint32W(m_canvas, &character, 1, &size))
+        entry->second = size.cx;
     SelectObject(m_canvas, before);
-    return size.cx;
+    return entry->second;
 }
 
 int CFontSet::Height(Face face) const {

@@ -2,6 +2,8 @@
 #pragma once
 #include <windows.h>
 
+#include <unordered_map>
+
 #include "handheld/peghelp/page_layout.h"
 
 namespace help {
@@ -20,8 +22,12 @@ class CFontSet : public CTextMeasure {
   private:
     static constexpr int kFaces = 6;
 
+    // How far a character moves the pen when it is drawn.
+    int Advance(Face face, wchar_t character) const;
+
     HDC m_canvas;  // for measuring
     HFONT m_fonts[kFaces];
+    mutable std::unordered_map<wchar_t, int> m_advances[kFaces];  // of the characters met so far
 };
 
 }  // namespace help

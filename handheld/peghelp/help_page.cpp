@@ -48,7 +48,11 @@ class CPageBuilder {
 
     void OnTitle(const Token&, bool opens) { m_inTitle = opens; }
     void OnBold(const Token&, bool opens) { m_style.bold = opens; }
-    void OnKey(const Token&, bool opens) { m_style.key = opens; }
+    // Two keys side by side are two frames.
+    void OnKey(const Token&, bool opens) {
+        m_style.key = opens;
+        m_newRun = opens;
+    }
     void OnBreak(const Token&, bool) {
         if (!Current().empty()) AddRun(L"\n");
     }
@@ -74,6 +78,7 @@ class CPageBuilder {
             m_lists.push_back(token.name == L"ol" ? 1 : 0);
         else if (!opens && !m_lists.empty())
             m_lists.pop_back();
+        m_block.level = static_cast<int>(m_lists.size());
     }
     void OnItem(const Token&, bool opens) {
         FinishBlock();
@@ -131,9 +136,10 @@ class CPageBuilder {
     // Joined to the run before when it is of the same kind.
     void AddRun(const std::wstring& text) {
         Runs& runs = Current();
-        const bool same = !runs.empty() && runs.back().bold == m_style.bold &&
+        const bool same = !m_newRun && !runs.empty() && runs.back().bold == m_style.bold &&
                           runs.back().key == m_style.key && runs.back().link == m_style.link;
         if (!same) runs.push_back(m_style);
+        m_newRun = false;
         runs.back().text += text;
     }
 
@@ -162,6 +168,7 @@ class CPageBuilder {
     Block m_block;
     Run m_style;               // of the text to come; its own text is empty
     std::vector<int> m_lists;  // open lists: the next number, 0 for dots
+    bool m_newRun = false;     // the next text is not joined to the one before
     bool m_inTitle = false, m_inTable = false, m_firstRow = false;
     bool m_blank = false;  // a blank has been read that is not yet part of a text
 };

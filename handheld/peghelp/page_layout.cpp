@@ -11,7 +11,8 @@ namespace {
 constexpr int kGap = 6;          // between paragraphs
 constexpr int kItemGap = 3;      // between items of a list
 constexpr int kHeadingGap = 14;  // above a heading
-constexpr int kIndent = 14;      // of an item, for its marker
+constexpr int kIndent = 16;      // of an item, for its marker
+constexpr int kMarkerGap = 5;
 constexpr int kColumnGap = 8;
 constexpr int kRowPadding = 3;
 constexpr int kBandPadding = 4;  // around a heading on a band; half of it above and below
@@ -86,10 +87,15 @@ class CLayouter {
 
     void PlaceItem(const Block& block) {
         const int x = std::min(block.level * kIndent, m_width / 2);
-        if (!block.marker.empty())
-            FlowRuns({{block.marker, false, false, {}}}, Face::text, x - kIndent, m_y, kIndent, m_measure,
-                     m_layout);
+        if (!block.marker.empty()) PlaceMarker(block.marker, x);
         m_y = FlowRuns(block.runs, Face::text, x, m_y, m_width - x, m_measure, m_layout);
+    }
+
+    // Ends a little before the text, so that numbers of one and of two digits stand well below one another.
+    void PlaceMarker(const std::wstring& marker, int textX) {
+        const int width = m_measure.Width(Face::text, marker);
+        const int x = std::max(textX - kMarkerGap - width, 0);
+        m_layout.texts.push_back({x, m_y, width, m_measure.Height(Face::text), Face::text, -1, marker});
     }
 
     void PlaceRow(size_t at) {

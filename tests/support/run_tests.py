@@ -18,6 +18,8 @@ PRESETS = ["native", "sanitize", "arm", "layout", "desktop"]
 # Programs and scripts that print "ok NAME", "skipped NAME: why" or "FAILED NAME: why" for each thing they check.
 CHECKS = sorted((ROOT / "tests" / "checks").glob("check_*.py"))
 
+GOLDEN = "tests/golden/decoder.txt"
+FUZZ_RUNS = 20000
 LIMIT = 900  # seconds for one test program
 
 
@@ -104,7 +106,38 @@ def programs(preset, pattern="*"):
     return sorted(path for path in folder.glob(pattern) if path.is_file() and os.access(path, os.X_OK))
 
 
+def run_command(name, command, tally, environment=None):
+    """Counts one command: its exit status says whether it passed."""
+    try:
+        result = captured(command, environment)
+        output, failed = result.stdout.decode(errors="replace"), result.returncode != 0
+    except subprocess.TimeoutExpired:
+        output, failed = f"no end within {LIMIT} s", True
+    tally.add(name, "failed" if failed else "ok", output[-4000:])
+    print(f"{name}: {'FAILED' if failed else 'ok'}", flush=True)
+
+
+def run_golden(preset, launcher, tally, environment=None):
+    program = next(iter(programs(preset, "golden_decoder*")), None)
+    if program:
+        run_command(f"{preset} golden decodes", [*launcher, program, GOLDEN], tally, environment)
+
+
+def run_fuzzers(tally):
+    """A bounded run of each target; a fixed seed makes it the same every time."""
+    folder = ROOT / "build" / "sanitize" / "tests"
+    maker = folder / "make_fuzz_seeds"
+    for target in sorted(folder.glob("fuzz_*")):
+        with tempfile.TemporaryDirectory(prefix="zel-fuzz-") as corpus:
+            captured([maker, corpus])
+            run_command(f"sanitize {target.name} {FUZZ_RUNS} executions",
+                        [target, f"-runs={FUZZ_RUNS}", "-seed=1", f"-artifact_prefix={corpus}/", corpus], tally)
+
+
 def run_portable(tally):
+    for preset, launcher in (("native", []), ("sanitize", []), ("arm", ["qemu-arm"])):
+        run_golden(preset, launcher, tally)
+    run_fuzzers(tally)
     for program in programs("native", "unit_*"):
         run_gtest("native", lambda path, options: captured([path, *options]), program, tally)
     for program in programs("sanitize", "unit_*"):
@@ -118,7 +151,8 @@ def run_desktop(tally):
         def run(path, options):
             converted = [option.replace("json:/", "json:Z:/") for option in options]
             return captured(["wine", str(path), *converted], wine.environment)
-        for program in programs("desktop", "*.exe"):
+        run_golden("desktop", ["wine"], tally, wine.environment)
+        for program in programs("desktop", "unit_*.exe") + programs("desktop", "desktop_*.exe"):
             run_gtest("desktop", run, program, tally)
 
 

@@ -245,15 +245,21 @@ TEST(General, HalfSize) {
 }
 
 TEST(General, TakesTheNearestColumns) {
-    // Any reduction: pixel i shows the first column whose middle lies past i whole units.
-    Planes planes(400, 300, Sampling::k444, pattern);
-    const uint32_t step = 320 * 4096 / 400;
-    const auto taken = [&](uint32_t i) {
-        int x = 0;
-        while (static_cast<uint32_t>(x) * step + step / 2 <= i * 4096) ++x;
-        return x;
+    // Any reduction: pixel i shows the first column whose middle lies past i whole units. At 608 columns one
+    // middle lies exactly there.
+    struct Size {
+        uint32_t width, height;
     };
-    expectPicture(planes.convert(8, 4), 8, Sampling::k444, taken, taken);
+    for (const Size& size : {Size{400, 300}, Size{608, 456}}) {
+        Planes planes(size.width, size.height, Sampling::k444, pattern);
+        const uint32_t step = 320 * 4096 / size.width;
+        const auto taken = [&](uint32_t i) {
+            int x = 0;
+            while (static_cast<uint32_t>(x) * step + step / 2 <= i * 4096) ++x;
+            return x;
+        };
+        expectPicture(planes.convert(8, 4), 8, Sampling::k444, taken, taken);
+    }
 }
 
 TEST(General, MarginsLeftAndRight) {
@@ -268,6 +274,10 @@ TEST(General, MarginsLeftAndRight) {
         }
     }
     EXPECT_EQ(planes.context->padColumns, 7u);
+    // 320 x 264 in mode 8: 290.9 columns count as 291, which leaves 29.
+    Planes fraction(320, 264, Sampling::k444, pattern);
+    fraction.convert(8, 8);
+    EXPECT_EQ(fraction.context->padColumns, 14u);
     EXPECT_EQ(planes.context->padRows, 0u);
 }
 

@@ -69,6 +69,8 @@ TEST(FrameHeader, Reduction) {
 TEST(FrameHeader, QuotientsHaveEightBits) {
     // 20 x 256 columns: the quotient 256 is taken for 0.
     EXPECT_EQ(Header(6, 5120, 3840, Sampling::k444).context->scaleDiv, 1);
+    EXPECT_EQ(Header(6, 5120, 1920, Sampling::k444).context->scaleDiv, 1);
+    EXPECT_EQ(Header(6, 2560, 3840, Sampling::k444).context->scaleDiv, 1);
     EXPECT_EQ(Header(6, 5100, 3825, Sampling::k444).context->scaleDiv, 8);
     EXPECT_EQ(Header(6, 5160, 3870, Sampling::k444).context->scaleDiv, 2);  // 258
 }
@@ -133,7 +135,12 @@ TEST(FrameHeader, ComponentIds) {
         for (uint8_t first : {0, 6, 7, 8, 254, 255}) {
             EXPECT_EQ(codeOf(mode, threeComponents(Sampling::k444, first)), kDecodeUnsupported) << int(first);
         }
-        EXPECT_EQ(codeOf(mode, {{1, 0x11, 0}, {1, 0x11, 0}, {2, 0x11, 0}}), kDecodeUnsupported);
+        // What an earlier frame left in the arrays does not make up for a component that is not there.
+        TestContext context;
+        runDecode(*context, mode, JpegStream().start().frame(64, 64, Sampling::k444).end().bytes());
+        JpegStream twice;
+        twice.start().frame(64, 64, {{1, 0x11, 0}, {1, 0x11, 0}, {2, 0x11, 0}}).end();
+        EXPECT_EQ(runDecode(*context, mode, twice.bytes()).code, kDecodeUnsupported);
         EXPECT_EQ(codeOf(mode, {{1, 0x11, 0}, {3, 0x11, 0}, {4, 0x11, 0}}), kDecodeUnsupported);
         EXPECT_EQ(codeOf(mode, {{3, 0x11, 0}, {2, 0x11, 0}, {1, 0x11, 0}}), kDecodeUnsupported);
     }

@@ -20,7 +20,8 @@ Table flatTable(uint32_t step) {
 constexpr uint32_t kStride = 11;
 
 template <uint32_t kSize>
-std::array<uint8_t, kSize * kSize> transform(jpeg::InverseDct routine, const Block& block, const Table& quant) {
+std::array<uint8_t, kSize * kSize> transform(jpeg::InverseDct routine, const Block& block,
+                                             const Table& quant) {
     // One byte of guard in every row beyond the block.
     std::vector<uint8_t> samples(kStride * kSize, 0xEE);
     routine(samples.data(), block.data(), quant.data(), kStride);
@@ -66,6 +67,35 @@ double exact(const Block& block, const Table& quant, int x, int y) {
     }
     return sum;
 }
+
+// Computed by an implementation of its own, in another language. Steps: 3 + 7 i mod 11 + i / 8.
+struct KnownAnswer {
+    Block block;
+    std::array<uint8_t, 64> full;
+    std::array<uint8_t, 16> half;
+    std::array<uint8_t, 4> quarter;
+};
+constexpr KnownAnswer kKnownAnswers[] = {
+    {{45, 0,   0,   0, 0, 0, 19,  0, -34, 0, 20, 0,   0, -9, -13, 0, 9, -31, 39, 0, -40, -13,
+      0,  -19, 0,   0, 0, 0, -15, 0, 0,   0, 0,  -22, 0, 0,  0,   0, 0, 0,   5,  0, 0,   0,
+      0,  0,   -38, 0, 0, 0, 0,   0, 0,   0, 0,  0,   0, 0,  -9,  0, 0, 0,   0,  0},
+     {0,   255, 23,  0,   0,   255, 255, 255, 182, 104, 170, 0,   0,   232, 56,  246,
+      223, 79,  124, 245, 255, 10,  0,   77,  255, 76,  83,  255, 255, 0,   60,  93,
+      213, 0,   255, 255, 255, 158, 0,   16,  246, 96,  255, 147, 130, 186, 45,  81,
+      96,  241, 188, 191, 151, 240, 245, 131, 94,  55,  222, 34,  0,   255, 186, 255},
+     {136, 16, 98, 237, 165, 184, 122, 56, 111, 255, 190, 7, 121, 158, 211, 234},
+     {125, 128, 163, 160}},
+    {{-37, -16, -134, 26,  63,  64,  60,  -25, 61, -33, -68, -10, 57,  57,  -47, -32,
+      -17, 1,   10,   -13, 35,  -29, -13, -17, 31, 14,  3,   -27, -12, 11,  -12, -12,
+      -19, 16,  -23,  6,   -18, 11,  9,   -10, 23, -1,  -16, 9,   -20, -18, 19,  4,
+      1,   16,  -4,   -18, -10, 8,   3,   -6,  11, -9,  -2,  4,   -3,  -12, -14, 14},
+     {0,   0,  0,   255, 255, 255, 0,   66,  219, 0, 0,   255, 255, 15,  54, 255,
+      71,  0,  26,  255, 255, 237, 123, 175, 46,  0, 255, 255, 226, 255, 0,  0,
+      86,  0,  244, 212, 97,  255, 188, 0,   255, 0, 255, 224, 0,   235, 0,  66,
+      255, 14, 255, 0,   255, 255, 0,   255, 164, 0, 131, 0,   0,   230, 0,  0},
+     {0, 255, 255, 94, 0, 255, 255, 11, 64, 255, 127, 0, 45, 6, 255, 0},
+     {88, 194, 102, 70}},
+};
 
 }  // namespace
 
@@ -113,6 +143,16 @@ TEST(InverseDct, WrapsWithoutHarm) {
     // 16384 times 131072 is 2 to the 31st: the sum turns negative and the sample black.
     EXPECT_EQ(quarter(dcBlock(1024), flatTable(16))[0], 0);
     EXPECT_EQ(quarter(dcBlock(1023), flatTable(16))[0], 255);
+}
+
+TEST(InverseDct, KnownAnswers) {
+    Table quant;
+    for (uint32_t i = 0; i < 64; ++i) quant[i] = 3 + i * 7 % 11 + i / 8;
+    for (const KnownAnswer& answer : kKnownAnswers) {
+        EXPECT_EQ(full(answer.block, quant), answer.full);
+        EXPECT_EQ(half(answer.block, quant), answer.half);
+        EXPECT_EQ(quarter(answer.block, quant), answer.quarter);
+    }
 }
 
 TEST(InverseDct, FullIsCloseToTheExactTransform) {

@@ -53,7 +53,8 @@ TEST(WholePictures, EveryModeFollowsARamp) {
                         const double expected = 20 + 120.0 * x / target.width + 80.0 * y / target.height;
                         // A pixel of the smallest targets spans 6 levels across and 5 down; RGB565 cuts
                         // off up to 7 levels.
-                        const double slack = (mode < 7 ? 10 : 5) + 120.0 / target.width + 80.0 / target.height;
+                        const double slack =
+                            (mode < 7 ? 10 : 5) + 120.0 / target.width + 80.0 / target.height;
                         ASSERT_NEAR(lumaAt(decoded.picture, mode, x, y), expected, slack)
                             << mode << " " << size.width << ": " << x << ", " << y;
                     }
@@ -103,6 +104,21 @@ TEST(WholePictures, ThreeQuarterDeliversTwelveRowsPerMcuRow) {
     EXPECT_EQ(decoded.code, kDecodeInputEnded);
     EXPECT_GT(decoded.picture.size(), 0u);
     EXPECT_EQ(decoded.picture.size() % (12 * 240 * 2), 0u);
+}
+
+TEST(WholePictures, ThreeQuarterGroupsBeginAnewWithEachScan) {
+    // At reduction 4 the cut comes after two rows, in the middle of a group.
+    EncodeOptions options;
+    const TestPicture large = ramp(1280, 960);
+    const Bytes good = encodePicture(large, options);
+    options.restartInterval = 160;
+    Bytes cut = encodePicture(large, options);
+    cut.resize(cut.size() / 120 + 600);
+    TestContext context;
+    const Decoded first = runDecode(*context, 9, cut);
+    EXPECT_EQ(first.code, kDecodeInputEnded);
+    ASSERT_EQ(first.picture.size(), 2u * 720);
+    EXPECT_EQ(runDecode(*context, 9, good).picture, runDecode(9, good).picture);
 }
 
 TEST(WholePictures, OddSizesRunOutOfData) {

@@ -1,6 +1,7 @@
 // Prints what the running camera program holds:  count_held
 // "handles N gdi N user N"; see tests/desktop/process_counts.h.
 #include <windows.h>
+
 #include <tlhelp32.h>
 
 #include <cstdio>
@@ -17,7 +18,8 @@ DWORD FindProgram() {
     PROCESSENTRY32W entry = {};
     entry.dwSize = sizeof(entry);
     DWORD id = 0;
-    for (BOOL more = Process32FirstW(processes, &entry); more && id == 0; more = Process32NextW(processes, &entry))
+    for (BOOL more = Process32FirstW(processes, &entry); more && id == 0;
+         more = Process32NextW(processes, &entry))
         if (lstrcmpiW(entry.szExeFile, kProgram) == 0) id = entry.th32ProcessID;
     CloseHandle(processes);
     return id;
@@ -26,7 +28,8 @@ DWORD FindProgram() {
 // Whether ten more of each are counted as ten.  The tables are Wine's own affair and may change with it.
 bool CountsAreRight() {
     constexpr int kMore = 10;
-    const HANDLE self = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, GetCurrentProcessId());
+    const HANDLE self =
+        OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, GetCurrentProcessId());
     const ProcessCounts before = CountHeld(self);
     std::vector<HANDLE> events;
     std::vector<HPEN> pens;

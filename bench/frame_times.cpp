@@ -47,4 +47,6 @@ void CFrameRecorder::Print() const {
 
 CSpanTimer::CSpanTimer(Span span) : m_span(span), m_begun(ThreadNanoseconds()) {}
 
-CSpanTimer::~CSpanTimer() { Recorder().Add(m_span, ThreadNanoseconds() - m_begun); }
+CSpanTimer::~CSpanTimer() {
+    Recorder().Add(m_span, ThreadNanoseconds() - m_begun);
+}

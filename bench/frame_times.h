@@ -2,6 +2,7 @@
 #pragma once
 #include <array>
 #include <cstdint>
+#include <iterator>
 #include <vector>
 
 enum class Span { read, decode, paint, canvas, picture, overlays, freeSpace, readouts, copy };
@@ -21,8 +22,8 @@ class CFrameRecorder {
     void Add(Span span, uint64_t nanoseconds) { m_current.spans[static_cast<size_t>(span)] += nanoseconds; }
     // Complete frames so far.
     size_t Count() const { return m_frames.size(); }
-    // One line per span, "NAME FRAMES LOWER MEDIAN UPPER": frames in which it happened, and their quartiles in
-    // microseconds.  The first frames, which load and grow things, are left out.
+    // One line per span, "NAME FRAMES LOWER MEDIAN UPPER": frames in which it happened, and their quartiles
+    // in microseconds.  The first frames, which load and grow things, are left out.
     void Print() const;
 
   private:

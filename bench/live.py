@@ -22,7 +22,7 @@ from wine_session import wine_session  # noqa: E402
 
 STREAMS = [(4, "320x240 4:4:4"), (9, "320x240 4:2:0"), (6, "160x120 4:4:4")]
 STEPS = ["read", "decode", "paint", "whole"]
-PARTS = ["picture", "overlays", "readouts", "free-space", "copy"]
+PARTS = ["canvas", "picture", "overlays", "readouts", "free-space", "copy"]
 TIMED_RATE = 30
 RATES = [15, 30]
 ENGLISH = "1033"

@@ -1,6 +1,6 @@
 // The camera program with timers around the steps of a frame:  live_path MODE FRAMES
-// MODE is the preview's: 4 (320x240, 4:4:4), 9 (320x240, 4:2:0, zoomed once) or 6 (160x120).  Runs the whole program
-// on the card, prints the times of FRAMES frames (see CFrameRecorder::Print) and ends.
+// MODE is the preview's: 4 (320x240, 4:4:4), 9 (320x240, 4:2:0, zoomed once) or 6 (160x120).  Runs the whole
+// program on the card, prints the times of FRAMES frames (see CFrameRecorder::Print) and ends.
 #include <windows.h>
 
 #include <cstdio>

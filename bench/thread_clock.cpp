@@ -7,7 +7,9 @@ namespace {
 constexpr int64_t kClockGetTime = 228, kThreadProcessorTime = 3;  // Linux, x86-64
 constexpr uint64_t kSecond = 1000000000;
 
-bool IsWine() { return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr; }
+bool IsWine() {
+    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
 
 uint64_t LinuxThreadTime() {
     int64_t time[2] = {};  // seconds, nanoseconds
@@ -23,7 +25,8 @@ uint64_t ElapsedTime() {
     LARGE_INTEGER count, perSecond;
     QueryPerformanceCounter(&count);
     QueryPerformanceFrequency(&perSecond);
-    const auto ticks = static_cast<uint64_t>(count.QuadPart), rate = static_cast<uint64_t>(perSecond.QuadPart);
+    const auto ticks = static_cast<uint64_t>(count.QuadPart),
+               rate = static_cast<uint64_t>(perSecond.QuadPart);
     return ticks / rate * kSecond + ticks % rate * kSecond / rate;
 }
 

@@ -30,7 +30,8 @@ long CountHandles(HANDLE process) {
     std::vector<ULONG_PTR> buffer(1 << 14);
     NTSTATUS status;
     while ((status = NtQuerySystemInformation(kExtendedHandles, buffer.data(),
-                                              static_cast<ULONG>(buffer.size() * sizeof(buffer[0])), nullptr)) == kTooSmall)
+                                              static_cast<ULONG>(buffer.size() * sizeof(buffer[0])),
+                                              nullptr)) == kTooSmall)
         buffer.resize(buffer.size() * 2);
     if (status != 0) return -1;
     const auto* const all = reinterpret_cast<const SystemHandles*>(buffer.data());
@@ -53,7 +54,8 @@ constexpr size_t kGdiEntries = 16384, kGdiTableInPeb = 0xF8;
 long CountGdiObjects(HANDLE process) {
     if (const DWORD told = GetGuiResources(process, GR_GDIOBJECTS)) return static_cast<long>(told);
     PROCESS_BASIC_INFORMATION basic;
-    if (NtQueryInformationProcess(process, ProcessBasicInformation, &basic, sizeof(basic), nullptr) != 0) return -1;
+    if (NtQueryInformationProcess(process, ProcessBasicInformation, &basic, sizeof(basic), nullptr) != 0)
+        return -1;
     const char* const peb = reinterpret_cast<const char*>(basic.PebBaseAddress);
     const void* table = nullptr;
     std::vector<GdiEntry> entries(kGdiEntries);
@@ -64,9 +66,9 @@ long CountGdiObjects(HANDLE process) {
         std::count_if(entries.begin(), entries.end(), [](const GdiEntry& entry) { return entry.type != 0; }));
 }
 
-// Wine's table of windows, menus and icons gives places out again before it grows, and a handle's high word tells how
-// often its place has been given.  So menus are made until one has a new place: then none is free, and those that are
-// not ours are everybody else's.
+// Wine's table of windows, menus and icons gives places out again before it grows, and a handle's high word
+// tells how often its place has been given.  So menus are made until one has a new place: then none is free,
+// and those that are not ours are everybody else's.
 long CountUserObjects(HANDLE process) {
     if (const DWORD told = GetGuiResources(process, GR_USEROBJECTS)) return static_cast<long>(told);
     constexpr ULONG_PTR kFirst = 0x20, kStep = 2;  // low word of the first handle, and from one to the next
@@ -77,7 +79,8 @@ long CountUserObjects(HANDLE process) {
         menus.push_back(CreateMenu());
         const auto handle = reinterpret_cast<ULONG_PTR>(menus.back());
         if (handle == 0) break;
-        if (HIWORD(handle) == 1) others = static_cast<long>((LOWORD(handle) - kFirst) / kStep + 1 - menus.size());
+        if (HIWORD(handle) == 1)
+            others = static_cast<long>((LOWORD(handle) - kFirst) / kStep + 1 - menus.size());
     }
     for (const HMENU menu : menus) DestroyMenu(menu);
     return others;
@@ -88,7 +91,8 @@ long CountUserObjects(HANDLE process) {
 ProcessCounts CountHeld(HANDLE process) {
     ProcessCounts least;
     for (int look = 0; look < kLooks; ++look) {
-        const ProcessCounts now = {CountHandles(process), CountGdiObjects(process), CountUserObjects(process)};
+        const ProcessCounts now = {CountHandles(process), CountGdiObjects(process),
+                                   CountUserObjects(process)};
         const auto keep = [&](long ProcessCounts::*count) {
             least.*count = look == 0 ? now.*count : std::min(least.*count, now.*count);
         };

@@ -3,7 +3,7 @@
 #include <windows.h>
 
 struct ProcessCounts {
-    long handles = -1;      // kernel handles; -1: could not be counted
+    long handles = -1;  // kernel handles; -1: could not be counted
     long gdiObjects = -1;
     long userObjects = -1;  // windows, menus, icons: of the whole desktop session under Wine
 };

@@ -37,5 +37,5 @@ endif()
 # zel_portable_library(NAME SOURCES...): a static library of standard C++ only.
 function(zel_portable_library name)
     add_library(${name} STATIC ${ARGN})
-    target_link_libraries(${name} PUBLIC zel_program)
+    target_link_libraries(${name} PUBLIC zel_everything PRIVATE zel_program)
 endfunction()

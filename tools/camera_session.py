@@ -18,6 +18,7 @@ MODE_MENU = (60, 307)
 ZOOM_IN = (143, 230)
 ZOOM_OUT = (107, 230)
 SHUTTER = (198, 250)
+PICTURE = (120, 116)
 
 LANGUAGES = [("english", 1033), ("german", 1031), ("french", 1036), ("italian", 1040), ("portuguese", 1046),
              ("spanish", 3082), ("korean", 1042), ("chinese-simplified", 2052), ("chinese-traditional", 1028)]
@@ -121,14 +122,25 @@ def play_session(wine, chosen):
     def keep(running, name):
         made.append(running.picture(name))
 
-    with camera(wine, environment, aviresolution="0") as running:
-        keep(running, "live-320x240")
-        running.click(ZOOM_IN)
-        running.wait_frames(4)
-        keep(running, "live-320x240-zoom1")
-        running.click(ZOOM_IN)
-        running.wait_frames(4)
-        keep(running, "live-320x240-zoom2")
+    with camera(wine, environment, aviresolution="0", **{"instant review": "1"}) as running:
+        for zoom in range(3):
+            keep(running, f"live-320x240-zoom{zoom}")
+            running.click(SHUTTER)
+            running.wait_frames(8)
+            keep(running, f"review-zoom{zoom}")
+            running.wait_frames(30)  # the review lasts two seconds
+            running.click(ZOOM_IN)
+            running.wait_frames(4)
+        running.click(SHUTTER)
+        running.wait_frames(8)
+        running.click(PICTURE)
+        keep(running, "delete-picture")
+        running.key("Return")
+    with camera(wine, environment, aviresolution="0", selftime="1", awb="2") as running:
+        running.click(SHUTTER)
+        running.wait_frames(20)
+        keep(running, "self-timer")
+        running.wait_frames(60)
     with camera(wine, environment, aviresolution="1", awb="1", color="2") as running:
         keep(running, "live-160x120-sepia")
     for name, lcid in LANGUAGES:

@@ -8,8 +8,6 @@
 namespace handheld {
 namespace {
 
-constexpr UINT kTabControl = 0x3020;  // the id that the desktop's sheets give theirs
-
 HINSTANCE OwnModule() {
     HMODULE module = nullptr;
     GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
@@ -21,7 +19,6 @@ HINSTANCE OwnModule() {
 
 CSheet::~CSheet() {
     if (m_window) DestroyWindow(m_window);
-    DeleteObject(m_font);
 }
 
 INT_PTR CSheet::Run(HWND owner) {
@@ -91,24 +88,10 @@ void CSheet::OnInitDialog() {
     SHINITDLGINFO info = {SHIDIM_FLAGS, m_window, SHIDIF_SIZEDLGFULLSCREEN | SHIDIF_DONEBUTTON | SHIDIF_SIPDOWN};
     SHInitDialog(&info);
     GetClientRect(m_window, &m_pageArea);
-    if (!m_pages.empty()) CreateTabs();
-}
-
-void CSheet::CreateTabs() {
-    INITCOMMONCONTROLSEX classes = {sizeof classes, ICC_TAB_CLASSES};
-    InitCommonControlsEx(&classes);
-    m_font = CreateShellFont(GetSystemDefaultLCID(), kTextPixels, false);
-    m_tabs = CreateWindowExW(0, WC_TABCONTROLW, L"", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TCS_BOTTOM | TCS_FOCUSNEVER,
-                             0, 0, m_pageArea.right, m_pageArea.bottom, m_window,
-                             reinterpret_cast<HMENU>(UINT_PTR{kTabControl}), OwnModule(), nullptr);
-    SendMessageW(m_tabs, WM_SETFONT, reinterpret_cast<WPARAM>(m_font), FALSE);
-    for (size_t i = 0; i < m_pages.size(); ++i) {
-        TCITEMW tab = {};
-        tab.mask = TCIF_TEXT;
-        tab.pszText = const_cast<wchar_t*>(m_pages[i]->Title().c_str());
-        SendMessageW(m_tabs, TCM_INSERTITEMW, i, reinterpret_cast<LPARAM>(&tab));
-    }
-    SendMessageW(m_tabs, TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&m_pageArea));
+    if (m_pages.empty()) return;
+    m_tabs.Create(m_window);
+    m_pageArea.bottom -= m_tabs.Height();
+    for (const auto& page : m_pages) m_tabs.Add(page->Title());
 }
 
 std::optional<LRESULT> CSheet::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -122,7 +105,7 @@ std::optional<LRESULT> CSheet::OnMessage(UINT message, WPARAM wParam, LPARAM lPa
             return 0;
         case WM_NOTIFY: {
             const auto& notice = *reinterpret_cast<const NMHDR*>(lParam);
-            return notice.hwndFrom == m_tabs ? OnTabNotice(notice.code) : std::nullopt;
+            return notice.hwndFrom == m_tabs.Window() ? OnTabNotice(notice.code) : std::nullopt;
         }
         case WM_NCDESTROY:
             m_window = nullptr;
@@ -141,7 +124,7 @@ std::optional<LRESULT> CSheet::OnMessage(UINT message, WPARAM wParam, LPARAM lPa
             SetWindowTextW(m_window, RecordText(GetModuleHandleW(nullptr), reinterpret_cast<LPCWSTR>(lParam)).c_str());
             return 0;
         case PSM_GETTABCONTROL:
-            return reinterpret_cast<LRESULT>(m_tabs);
+            return reinterpret_cast<LRESULT>(m_tabs.Window());
         case PSM_GETCURRENTPAGEHWND:
             return reinterpret_cast<LRESULT>(Active() ? Active()->Window() : nullptr);
         default:
@@ -151,7 +134,7 @@ std::optional<LRESULT> CSheet::OnMessage(UINT message, WPARAM wParam, LPARAM lPa
 
 std::optional<LRESULT> CSheet::OnTabNotice(UINT code) {
     if (code == TCN_SELCHANGING) return !MayLeave();
-    if (code == TCN_SELCHANGE) Show(SendMessageW(m_tabs, TCM_GETCURSEL, 0, 0));
+    if (code == TCN_SELCHANGE) Show(m_tabs.Selected());
     return 0;
 }
 
@@ -178,7 +161,7 @@ bool CSheet::Show(size_t page) {
         const HWND first = GetNextDlgTabItem(next.Window(), nullptr, FALSE);
         SendMessageW(m_window, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(first ? first : next.Window()), TRUE);
     }
-    SendMessageW(m_tabs, TCM_SETCURSEL, m_active, 0);
+    m_tabs.Select(m_active);
     return made;
 }
 

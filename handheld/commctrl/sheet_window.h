@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "handheld/commctrl/sheet_page.h"
+#include "handheld/commctrl/sheet_tabs.h"
 
 namespace handheld {
 
@@ -29,7 +30,6 @@ class CSheet {
     // The dialog procedure's answer, or nothing.
     std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void OnInitDialog();
-    void CreateTabs();
     std::optional<LRESULT> OnTabNotice(UINT code);
 
     CSheetPage* Active() const { return m_active < m_pages.size() ? m_pages[m_active].get() : nullptr; }
@@ -48,8 +48,7 @@ class CSheet {
     const std::wstring m_caption;
     size_t m_active;
     HWND m_window = nullptr;
-    HWND m_tabs = nullptr;
-    HFONT m_font = nullptr;
+    CSheetTabs m_tabs;
     RECT m_pageArea = {};
     INT_PTR m_result = 0;
     bool m_ended = false;

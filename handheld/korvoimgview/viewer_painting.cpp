@@ -1,4 +1,6 @@
 // What the viewer's body looks like.
+#include <algorithm>
+
 #include "handheld/coredll/look.h"
 #include "handheld/korvoimgview/resample.h"
 #include "handheld/korvoimgview/viewer_window.h"
@@ -93,12 +95,13 @@ void CViewerWindow::DrawZoom(HDC to) const {
              DT_CENTER);
 }
 
-// On a movie's progress bar: to that place. Elsewhere on a movie: stop or go on.
-void CViewerWindow::OnBodyDown(POINT at) {
-    if (!m_movie) return;
-    if (at.y < kBodyHeight - kProgressHeight) return TogglePlaying();
-    const int width = kTrackBox.right - kTrackBox.left;
-    const LONG along = at.x < kTrackBox.left ? 0 : at.x > kTrackBox.right ? width : at.x - kTrackBox.left;
+bool CViewerWindow::IsOnProgress(POINT at) const {
+    return at.y >= kBodyHeight - kProgressHeight;
+}
+
+void CViewerWindow::SeekTo(LONG x) {
+    const LONG along = std::clamp(x, kTrackBox.left, kTrackBox.right) - kTrackBox.left;
+    const LONG width = kTrackBox.right - kTrackBox.left;
     m_movie->MoveTo(m_movie->Length() * static_cast<uint64_t>(along) / static_cast<uint64_t>(width));
     m_movie->Advance();
     Refresh();

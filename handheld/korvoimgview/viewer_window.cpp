@@ -64,6 +64,7 @@ void CViewerWindow::ShowMovie() {
 }
 
 void CViewerWindow::ShowMessage(Text text) {
+    SetTick(0);
     m_movie.reset();
     m_message = text;
     Refresh();
@@ -165,11 +166,19 @@ void CViewerWindow::OnWheel(int steps) {
     ZoomTo(scale);
 }
 
+// On a movie's progress bar: to that place.  Elsewhere on a movie: stop or go on.
+void CViewerWindow::OnBodyDown(POINT at) {
+    if (!m_movie) return;
+    m_seeking = IsOnProgress(at);
+    if (m_seeking)
+        SeekTo(at.x);
+    else
+        TogglePlaying();
+}
+
 void CViewerWindow::OnBodyDrag(POINT from, POINT to) {
-    if (!HasPicture()) {
-        if (m_movie) OnBodyDown(to);
-        return;
-    }
+    if (m_movie && m_seeking) SeekTo(to.x);
+    if (!HasPicture()) return;
     m_view = Panned(m_view, {m_picture.width, m_picture.height}, Area(), to.x - from.x, to.y - from.y);
     Refresh();
 }

@@ -39,6 +39,8 @@ class CViewerWindow : public handheld::CCompanionScreen {
     void TogglePlaying();
     void ZoomTo(uint32_t scale);
     void BackToCamera();
+    bool IsOnProgress(POINT at) const;
+    void SeekTo(LONG x);  // of the movie, by a place on its progress bar
 
     bool HasPicture() const { return !m_picture.data.empty(); }
     const Pixels* Shown() const;
@@ -57,6 +59,7 @@ class CViewerWindow : public handheld::CCompanionScreen {
     std::unique_ptr<CMoviePlayer> m_movie;
     Text m_message = Text::noPictures;  // neither of them: why not
     View m_view = {};
+    bool m_seeking = false;  // the mouse button went down on the progress bar
 };
 
 }  // namespace viewer

@@ -3,6 +3,8 @@
 namespace help {
 namespace {
 
+constexpr wchar_t kFixedBlank = L'\u00A0';
+
 // Characters that no line may begin or end with.
 const std::wstring kClosing =
     L"\u3001\u3002\uFF0C\uFF0E\uFF1A\uFF1B\uFF01\uFF1F\uFF09\u300B\u300D\u300F\u3011\u201D\u2019\u2026\u00B7)"
@@ -26,6 +28,12 @@ bool MayBreakBetween(wchar_t before, wchar_t after) {
     return IsIdeographic(before) || IsIdeographic(after);
 }
 
+// French sets a blank before these marks and inside its quotation marks; a line does not break there.
+bool IsStuck(wchar_t before, wchar_t after) {
+    static const std::wstring afterBlank = L":;!?\u00BB";
+    return before == L'\u00AB' || (before && Contains(afterBlank, after));
+}
+
 class CPieceCutter {
   public:
     std::vector<Piece> Cut(const Runs& runs) {
@@ -40,24 +48,23 @@ class CPieceCutter {
     void Add(const Run& run, wchar_t c) {
         if (c == L'\n') {
             m_newLine = true;
-        } else if (c == L' ' && !(run.key && !m_newPiece)) {
+        } else if (c == L' ' && (!run.key || m_newPiece)) {
             m_blank = true;
         } else {
-            const bool breaks =
-                m_blank || m_newLine || (!run.key && m_before && MayBreakBetween(m_before, c));
-            if (m_newPiece || breaks) m_pieces.push_back({{}, &run, m_blank, breaks, m_newLine});
+            const bool stuck = m_blank && !m_newLine && IsStuck(m_before, c);
+            const bool between = !run.key && !m_blank && m_before && MayBreakBetween(m_before, c);
+            const bool breaks = m_newLine || (m_blank && !stuck) || between;
+            if (m_newPiece || breaks) m_pieces.push_back({{}, &run, m_blank && !stuck, breaks, m_newLine});
+            if (stuck) m_pieces.back().text += kFixedBlank;
             m_pieces.back().text += c;
             m_before = c;
             m_newPiece = m_blank = m_newLine = false;
-            return;
         }
-        m_newPiece = true;
-        m_before = 0;
     }
 
     std::vector<Piece> m_pieces;
     bool m_newPiece = true, m_blank = false, m_newLine = false;
-    wchar_t m_before = 0;  // the last character, 0 after a blank
+    wchar_t m_before = 0;  // the last character but blanks
 };
 
 }  // namespace

@@ -63,6 +63,12 @@ TEST(Flow, ChineseBreaksAnywhereExceptAtPunctuation) {
     EXPECT_EQ((Text{L"\u4E2D\u4E2D", L"JPEG"}), Lines({Plain(L"\u4E2D\u4E2DJPEG")}, 50));
 }
 
+TEST(Flow, FrenchMarksStayWithTheirWords) {
+    EXPECT_EQ((Text{L"a", L"bc\u00A0;", L"d"}), Lines({Plain(L"a bc ; d")}, 40));
+    EXPECT_EQ((Text{L"aa", L"\u00AB\u00A0b\u00A0\u00BB"}), Lines({Plain(L"aa \u00AB b \u00BB")}, 60));
+    EXPECT_EQ((Text{L"a", L"bc\u00A0:"}), Lines({Plain(L"a "), Link(L"bc"), Plain(L" :")}, 40));
+}
+
 TEST(Flow, KoreanBreaksAtBlanks) {
     EXPECT_EQ((Text{L"\uD55C", L"\uD55C\uD55C"}), Lines({Plain(L"\uD55C \uD55C\uD55C")}, 30));
 }

@@ -103,6 +103,28 @@ TEST_F(ViewerProgram, PlaysAMovieToItsEnd) {
     EXPECT_TRUE(Ends());
 }
 
+TEST_F(ViewerProgram, ATapWithATremblingHandStopsAMovieOnce) {
+    std::string movi;
+    for (int i = 0; i < 200; ++i) movi += Chunk("00dc", CameraFrame(3, {220, 0, 0}));
+    Picture(L"m0001.avi", Avi(List("hdrl", VideoStream(1, 10)) + List("movi", movi)));
+    StartViewer(L"");
+    ASSERT_TRUE(HasTitle(L"m0001.avi"));
+    const RECT bars = {0, 262, 240, 320};
+    const uint32_t playing = LookOf(bars);
+    ASSERT_TRUE(LooksOtherThan(playing, bars));  // the progress bar moves
+    PostMessageW(Window(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(kMiddleX, kMiddleY));
+    for (int i = 0; i < 3; ++i)
+        PostMessageW(Window(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(kMiddleX + i, kMiddleY));
+    PostMessageW(Window(), WM_LBUTTONUP, 0, MAKELPARAM(kMiddleX, kMiddleY));
+    Sleep(1000);  // long enough for many frames, were it still playing
+    const uint32_t stopped = LookOf(bars);
+    Sleep(1000);
+    EXPECT_EQ(stopped, LookOf(bars));
+    Click(180, 273);  // the progress bar, near its end
+    EXPECT_TRUE(LooksOtherThan(stopped, bars));
+    EXPECT_TRUE(Ends());
+}
+
 TEST_F(ViewerProgram, HostileArgumentsAreNoHarm) {
     for (const wchar_t* arguments :
          {L"\\", L"\"", L"\\My Documents\\My Pictures\\", L"\\nul", L"a:b:c.avi", L"*.jpg", L"\\\\"}) {

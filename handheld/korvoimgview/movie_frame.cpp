@@ -10,18 +10,18 @@ constexpr uint8_t kStart = 0xD8, kEnd = 0xD9, kScan = 0xDA, kHuffman = 0xC4;
 
 struct Table {
     uint8_t place;  // class and number, as in the segment
-    const sio::HuffmanTable& spec;
+    const sio::HuffmanTable& codes;
 };
 
 void AddHuffmanTables(std::vector<uint8_t>& file) {
     const Table tables[] = {
         {0x00, sio::kLumaDc}, {0x10, sio::kLumaAc}, {0x01, sio::kChromaDc}, {0x11, sio::kChromaAc}};
     for (const Table& table : tables) {
-        const auto length = static_cast<uint16_t>(2 + 1 + 16 + table.spec.symbolCount);
+        const auto length = static_cast<uint16_t>(2 + 1 + 16 + table.codes.symbolCount);
         file.insert(file.end(), {kMark, kHuffman, static_cast<uint8_t>(length >> 8),
                                  static_cast<uint8_t>(length), table.place});
-        file.insert(file.end(), table.spec.counts, table.spec.counts + 16);
-        file.insert(file.end(), table.spec.symbols, table.spec.symbols + table.spec.symbolCount);
+        file.insert(file.end(), table.codes.counts, table.codes.counts + 16);
+        file.insert(file.end(), table.codes.symbols, table.codes.symbols + table.codes.symbolCount);
     }
 }
 

@@ -35,6 +35,7 @@ class FrameArrival : public testing::Test {
         std::memset(device.feedback, 0x22, sizeof(device.feedback));
         driver.frame = GreyScan();
     }
+    void TearDown() override { releaseBuffers(*decoder); }
     FrameOutcome Receive() {
         LiveView view{settings, profile, screen, device, *frame, *decoder, *image, recording};
         return ReceiveFrame(view);

@@ -91,7 +91,7 @@ void CCameraDlg::OnPlay() {
 }
 
 // While a dialog is open over the screen its own message loop runs, so the screen may close underneath: then the
-// card is released already, and nothing of the screen is left to go on with.  (CameraScreen.MayCloseUnderADialog)
+// card is released already, and nothing of the screen is left to go on with.  (ClosingUnderADialog.EndsTheProgram)
 void CCameraDlg::OnAbout() {
     StopPreview(m_camera.device);
     CAboutDlg(m_camera.texts, m_camera.device).DoModal(Hwnd());

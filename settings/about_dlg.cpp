@@ -56,7 +56,10 @@ CAboutDlg::CAboutDlg(const TextLookup& texts, CameraDevice& device)
 
 Reply CAboutDlg::OnMessage(const Message& message) {
     using On = HandlersOf<CAboutDlg>;
-    static constexpr MessageRow rows[] = {On::message<WM_HELP, &CAboutDlg::OnHelp>};
+    static constexpr MessageRow rows[] = {
+        On::message<WM_HELP, &CAboutDlg::OnHelp>,
+        On::message<WM_DESTROY, &CAboutDlg::OnDestroy>,
+    };
     return Dispatch<rows, CDialog>(*this, message);
 }
 
@@ -102,4 +105,10 @@ void CAboutDlg::FillVersions(HWND list) {
 Then CAboutDlg::OnHelp() {
     ShowHelp();
     return Then::defaultHandling;
+}
+
+// Not every system's control deletes the bitmap that its template named; once taken away, it is nobody's but ours.
+void CAboutDlg::OnDestroy() {
+    const LRESULT picture = SendMessageW(Control(IDC_ABOUT_PICTURE), STM_SETIMAGE, IMAGE_BITMAP, 0);
+    DeleteObject(reinterpret_cast<HGDIOBJ>(picture));
 }

@@ -17,6 +17,7 @@ class CAboutDlg : public CDialog {
 
   private:
     Then OnHelp();
+    void OnDestroy();
     void FillVersions(HWND list);
 
     const TextLookup& m_texts;

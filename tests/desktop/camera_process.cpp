@@ -58,6 +58,13 @@ BOOL CALLBACK FindMessageBox(HWND window, LPARAM parameter) {
     return FALSE;
 }
 
+BOOL CALLBACK FindDialog(HWND window, LPARAM parameter) {
+    auto& search = *reinterpret_cast<Search*>(parameter);
+    if (GetWindow(window, GW_OWNER) != search.screen || !IsWindowVisible(window)) return TRUE;
+    search.found = window;
+    return FALSE;
+}
+
 }  // namespace
 
 bool WaitFor(const std::function<bool()>& condition, DWORD milliseconds) {
@@ -133,6 +140,12 @@ HWND CameraProcess::MessageBox() const {
     return search.found;
 }
 
+HWND CameraProcess::Dialog() const {
+    Search search = {m_process.dwProcessId, m_screen, nullptr};
+    EnumWindows(FindDialog, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
 std::wstring CameraProcess::MessageText(HWND box) {
     wchar_t text[512] = {};
     SendMessageW(GetDlgItem(box, 0xFFFF), WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text));
@@ -159,6 +172,12 @@ std::vector<std::string> CameraProcess::Calls() const {
                                [](const std::string& line) { return line.compare(0, std::size(kReadFrame) - 1, kReadFrame) == 0; }),
                 lines.end());
     return lines;
+}
+
+std::vector<std::string> CameraProcess::CallsSince(size_t before, size_t count) const {
+    WaitFor([&] { return Calls().size() >= before + count; });
+    const std::vector<std::string> all = Calls();
+    return {all.begin() + static_cast<ptrdiff_t>(std::min(before, all.size())), all.end()};
 }
 
 size_t CameraProcess::Frames() const { return Log().size() - Calls().size(); }

@@ -46,12 +46,17 @@ class CameraProcess {
     static std::wstring MessageText(HWND box);
     static void Press(HWND box, int button) { PostMessageW(box, WM_COMMAND, button, 0); }
 
+    // The dialog that covers the screen, or null.
+    HWND Dialog() const;
+
     // Control file of the card: one word a line.
     void SetCard(const std::string& words) const;
 
     // The card's log so far.  `Calls` leaves out the frame requests.
     std::vector<std::string> Log() const;
     std::vector<std::string> Calls() const;
+    // The calls behind the first `before` ones, once there are `count` of them or the limit is reached.
+    std::vector<std::string> CallsSince(size_t before, size_t count) const;
     size_t Frames() const;
     bool WaitForFrames(size_t more) const;
 

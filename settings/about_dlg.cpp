@@ -85,7 +85,8 @@ void CAboutDlg::FillVersions(HWND list) {
     InsertColumn(list, 0, 2 * third, LookUpText(m_texts, kTextComponent));
     InsertColumn(list, 1, third, LookUpText(m_texts, kTextVersion));
 
-    // The camera has one version for its driver and its firmware: both rows show it.  (About.DriverAndFirmwareShowOneVersion)
+    // The camera has one version for its driver and its firmware: both rows show it.
+    // (About.DriverAndFirmwareShowOneVersion)
     const std::wstring camera = AskVersion(m_device);
     const struct {
         uint32_t name;
@@ -107,7 +108,7 @@ Then CAboutDlg::OnHelp() {
     return Then::defaultHandling;
 }
 
-// Not every system's control deletes the bitmap that its template named; once taken away, it is nobody's but ours.
+// Not every system deletes the bitmap that a control's template named: taken from the control, it is ours to delete.
 void CAboutDlg::OnDestroy() {
     const LRESULT picture = SendMessageW(Control(IDC_ABOUT_PICTURE), STM_SETIMAGE, IMAGE_BITMAP, 0);
     DeleteObject(reinterpret_cast<HGDIOBJ>(picture));

@@ -40,6 +40,7 @@ CScreen::CScreen(HWND window, bool doneButton)
       m_titleFont(CreateShellFont(GetSystemDefaultLCID(), kTextPixels + 1, true)),
       m_smallFont(CreateShellFont(GetSystemDefaultLCID(), kTextPixels, false)) {
     SetPropW(window, kScreenProperty, this);
+    UseShellFont(window, m_smallFont);
     SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(WindowProcedure));
     // A timer with a function of its own never reaches the program's WM_TIMER.
     SetTimer(window, kClockTimer, kClockMs, OnClock);

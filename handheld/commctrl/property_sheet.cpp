@@ -1,4 +1,5 @@
-// Property sheets.  Of the flags those count that choose the pages, the titles and the first page; sheets are modal.
+// Property sheets.  Of the flags those count that choose the pages, the titles and the first page; sheets are
+// modal.
 #include <windows.h>
 
 #include <commctrl.h>
@@ -54,7 +55,8 @@ INT_PTR WINAPI HandheldPropertySheetW(LPCPROPSHEETHEADERW header) {
         }
     const bool startIsNumber = !(header->dwFlags & PSH_USEPSTARTPAGE);
     const size_t start = startIsNumber && header->nStartPage < pages.size() ? header->nStartPage : 0;
-    return CSheet(std::move(pages), RecordText(header->hInstance, header->pszCaption), start).Run(header->hwndParent);
+    return CSheet(std::move(pages), RecordText(header->hInstance, header->pszCaption), start)
+        .Run(header->hwndParent);
 }
 
 }  // extern "C"

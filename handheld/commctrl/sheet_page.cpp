@@ -34,16 +34,18 @@ std::unique_ptr<CSheetPage> CSheetPage::Make(const PROPSHEETPAGEW& record) {
     std::unique_ptr<CSheetPage> page(new CSheetPage);
     page->m_record = std::make_unique<BYTE[]>(record.dwSize);
     std::memcpy(page->m_record.get(), &record, record.dwSize);
-    page->m_title = record.dwFlags & PSP_USETITLE ? RecordText(record.hInstance, record.pszTitle) : read->caption;
+    page->m_title =
+        record.dwFlags & PSP_USETITLE ? RecordText(record.hInstance, record.pszTitle) : read->caption;
     page->m_template = std::move(*read);
     return page;
 }
 
-bool CSheetPage::Create(HWND sheet, const RECT& place) {
-    m_window = CreateDialogIndirectParamW(Record().hInstance,
-                                          reinterpret_cast<const DLGTEMPLATE*>(m_template.bytes.data()), sheet,
-                                          Record().pfnDlgProc, reinterpret_cast<LPARAM>(m_record.get()));
+bool CSheetPage::Create(HWND sheet, const RECT& place, HFONT font) {
+    m_window = CreateDialogIndirectParamW(
+        Record().hInstance, reinterpret_cast<const DLGTEMPLATE*>(m_template.bytes.data()), sheet,
+        Record().pfnDlgProc, reinterpret_cast<LPARAM>(m_record.get()));
     if (!Window()) return false;
+    UseShellFont(m_window, font);
     SetPropW(m_window, kPageProperty, this);
     m_before = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrW(m_window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(WindowProcedure)));

@@ -24,8 +24,8 @@ class CSheetPage {
     // Null before the page is first shown and when it is gone.
     HWND Window() const { return IsWindow(m_window) ? m_window : nullptr; }
 
-    // Makes the window, hidden, in this place of the sheet.
-    bool Create(HWND sheet, const RECT& place);
+    // Makes the window, hidden, in this place of the sheet and written in this font of the sheet's.
+    bool Create(HWND sheet, const RECT& place, HFONT font);
 
     // Sends a PSN_ notification and gives the page's answer; 0 from a page without a window.
     LRESULT Notify(HWND sheet, UINT code, LPARAM detail = 0) const;

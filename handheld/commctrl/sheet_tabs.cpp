@@ -25,9 +25,10 @@ void CSheetTabs::Create(HWND sheet) {
     RECT client;
     GetClientRect(sheet, &client);
     m_font = CreateShellFont(GetSystemDefaultLCID(), kTextPixels, false);
-    m_window = CreateWindowExW(0, WC_TABCONTROLW, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | TCS_BOTTOM | TCS_FOCUSNEVER,
-                               0, 0, 0, 0, sheet, reinterpret_cast<HMENU>(kTabControl),
-                               reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(sheet, GWLP_HINSTANCE)), nullptr);
+    m_window = CreateWindowExW(
+        0, WC_TABCONTROLW, L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | TCS_BOTTOM | TCS_FOCUSNEVER, 0, 0,
+        0, 0, sheet, reinterpret_cast<HMENU>(kTabControl),
+        reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(sheet, GWLP_HINSTANCE)), nullptr);
     SetPropW(m_window, kTabsProperty, this);
     m_before = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrW(m_window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(WindowProcedure)));
@@ -42,14 +43,16 @@ void CSheetTabs::Create(HWND sheet) {
     m_height = metrics.tmHeight + kRoom;
     SendMessageW(m_window, TCM_SETPADDING, 0, MAKELPARAM(kCaptionMargin, kRoom / 2));
     SendMessageW(m_window, TCM_SETMINTABWIDTH, 0, 0);
-    SetWindowPos(m_window, nullptr, 0, client.bottom - m_height, client.right, m_height, SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(m_window, nullptr, 0, client.bottom - m_height, client.right, m_height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void CSheetTabs::Add(const std::wstring& title) {
     TCITEMW tab = {};
     tab.mask = TCIF_TEXT;
     tab.pszText = const_cast<wchar_t*>(title.c_str());
-    SendMessageW(m_window, TCM_INSERTITEMW, SendMessageW(m_window, TCM_GETITEMCOUNT, 0, 0), reinterpret_cast<LPARAM>(&tab));
+    SendMessageW(m_window, TCM_INSERTITEMW, SendMessageW(m_window, TCM_GETITEMCOUNT, 0, 0),
+                 reinterpret_cast<LPARAM>(&tab));
 }
 
 void CSheetTabs::Select(size_t tab) const {

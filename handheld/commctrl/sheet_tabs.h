@@ -20,6 +20,7 @@ class CSheetTabs {
     size_t Selected() const;
 
     HWND Window() const { return m_window; }
+    HFONT Font() const { return m_font; }
     int Height() const { return m_height; }
 
   private:

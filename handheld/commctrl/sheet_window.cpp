@@ -41,7 +41,8 @@ bool CSheet::Create(HWND owner) {
         WORD menu, windowClass, title;
     } dialog = {};
     dialog.head.style = WS_POPUP | DS_NOIDLEMSG;
-    CreateDialogIndirectParamW(OwnModule(), &dialog.head, owner, DialogProcedure, reinterpret_cast<LPARAM>(this));
+    CreateDialogIndirectParamW(OwnModule(), &dialog.head, owner, DialogProcedure,
+                               reinterpret_cast<LPARAM>(this));
     if (!m_window || (Active() && !Show(m_active))) return false;
     ShowWindow(m_window, SW_SHOW);
     return true;
@@ -85,7 +86,8 @@ INT_PTR CALLBACK CSheet::DialogProcedure(HWND window, UINT message, WPARAM wPara
 
 void CSheet::OnInitDialog() {
     SetWindowTextW(m_window, m_caption.c_str());
-    SHINITDLGINFO info = {SHIDIM_FLAGS, m_window, SHIDIF_SIZEDLGFULLSCREEN | SHIDIF_DONEBUTTON | SHIDIF_SIPDOWN};
+    SHINITDLGINFO info = {SHIDIM_FLAGS, m_window,
+                          SHIDIF_SIZEDLGFULLSCREEN | SHIDIF_DONEBUTTON | SHIDIF_SIPDOWN};
     SHInitDialog(&info);
     GetClientRect(m_window, &m_pageArea);
     if (m_pages.empty()) return;
@@ -121,7 +123,8 @@ std::optional<LRESULT> CSheet::OnMessage(UINT message, WPARAM wParam, LPARAM lPa
         case PSM_QUERYSIBLINGS:
             return AskPages(wParam, lParam);
         case PSM_SETTITLEW:
-            SetWindowTextW(m_window, RecordText(GetModuleHandleW(nullptr), reinterpret_cast<LPCWSTR>(lParam)).c_str());
+            SetWindowTextW(m_window,
+                           RecordText(GetModuleHandleW(nullptr), reinterpret_cast<LPCWSTR>(lParam)).c_str());
             return 0;
         case PSM_GETTABCONTROL:
             return reinterpret_cast<LRESULT>(m_tabs.Window());
@@ -151,7 +154,7 @@ bool CSheet::MayLeave() const {
 // A page that cannot be made leaves the one before it in front.
 bool CSheet::Show(size_t page) {
     CSheetPage& next = *m_pages[page];
-    const bool made = next.Window() || next.Create(m_window, m_pageArea);
+    const bool made = next.Window() || next.Create(m_window, m_pageArea, m_tabs.Font());
     if (made) {
         next.Notify(m_window, PSN_SETACTIVE);
         if (!m_window) return false;
@@ -202,7 +205,8 @@ void CSheet::Press(WPARAM button) {
 
 LRESULT CSheet::AskPages(WPARAM wParam, LPARAM lParam) const {
     for (const auto& page : m_pages)
-        if (const LRESULT answer = page->Window() ? SendMessageW(page->Window(), PSM_QUERYSIBLINGS, wParam, lParam) : 0)
+        if (const LRESULT answer =
+                page->Window() ? SendMessageW(page->Window(), PSM_QUERYSIBLINGS, wParam, lParam) : 0)
             return answer;
     return 0;
 }

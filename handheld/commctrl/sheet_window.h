@@ -1,5 +1,5 @@
-// A property sheet as the Pocket PC shows it: a screen of its own with "ok" in the title bar, the page in front, and
-// the pages' tabs along the bottom edge.  Escape cancels; Ctrl+Tab goes round the pages.
+// A property sheet as the Pocket PC shows it: a screen of its own with "ok" in the title bar, the page in
+// front, and the pages' tabs along the bottom edge.  Escape cancels; Ctrl+Tab goes round the pages.
 #pragma once
 #include <memory>
 #include <vector>
@@ -18,8 +18,9 @@ class CSheet {
     CSheet(const CSheet&) = delete;
     CSheet& operator=(const CSheet&) = delete;
 
-    // Shows the sheet until it is closed; the owner is disabled meanwhile.  1 when it was closed with OK, 0 when it was
-    // cancelled or destroyed or the program is to end, -1 when it or its first page could not be made.
+    // Shows the sheet until it is closed; the owner is disabled meanwhile.  1 when it was closed with OK, 0
+    // when it was cancelled or destroyed or the program is to end, -1 when it or its first page could not be
+    // made.
     INT_PTR Run(HWND owner);
 
   private:

@@ -69,6 +69,14 @@ HFONT CreateShellFont(LCID locale, int pixels, bool bold) {
     return CreateFace(L"Tahoma", DEFAULT_CHARSET, pixels, bold);
 }
 
+void UseShellFont(HWND dialog, HFONT font) {
+    const auto use = [](HWND control, LPARAM parameter) -> BOOL {
+        SendMessageW(control, WM_SETFONT, static_cast<WPARAM>(parameter), TRUE);
+        return TRUE;
+    };
+    EnumChildWindows(dialog, use, reinterpret_cast<LPARAM>(font));
+}
+
 void FillColour(HDC to, const RECT& area, COLORREF colour) {
     SetBkColor(to, colour);
     ExtTextOutW(to, 0, 0, ETO_OPAQUE, &area, nullptr, 0, nullptr);

@@ -16,10 +16,14 @@ inline constexpr int kTextPixels = 11;  // Tahoma 8 point
 // desktop does not join them to Tahoma.  The caller deletes it.
 HFONT CreateShellFont(LCID locale, int pixels, bool bold);
 
+// Dialogs are written in the shell's font, whatever their templates name: gives it to all controls of a
+// window.
+void UseShellFont(HWND dialog, HFONT font);
+
 void FillColour(HDC to, const RECT& area, COLORREF colour);
 
-// Dialogs are white: what a dialog answers to a message of any kind, or for WM_CTLCOLORDLG and WM_CTLCOLORSTATIC, when
-// that is the desktop's grey, the shell's paper.  `wParam`: the message's own.
+// Dialogs are white: what a dialog answers to a message of any kind, or for WM_CTLCOLORDLG and
+// WM_CTLCOLORSTATIC, when that is the desktop's grey, the shell's paper.  `wParam`: the message's own.
 LRESULT DialogColour(UINT message, WPARAM wParam, LRESULT answer);
 
 // Fills a title strip and writes its text, shortened by an ellipsis to fit between the given margins.

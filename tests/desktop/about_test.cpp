@@ -36,7 +36,9 @@ class OpenAbout {
         SendMessageW(GetDlgItem(dialog, id), WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text));
         return text;
     }
-    int ColumnWidth(int column) const { return static_cast<int>(SendMessageW(list, LVM_GETCOLUMNWIDTH, column, 0)); }
+    int ColumnWidth(int column) const {
+        return static_cast<int>(SendMessageW(list, LVM_GETCOLUMNWIDTH, column, 0));
+    }
     bool Close() {
         PostMessageW(dialog, WM_COMMAND, IDOK, 0);
         return WaitFor([&] { return camera.Dialog() == nullptr; });
@@ -96,7 +98,9 @@ TEST(About, TheTimeIsUtc) {
     const std::wstring text = about.Label(kTime);
     wchar_t weekday[8] = {}, month[8] = {};
     unsigned day = 0, hour = 0, minute = 0, second = 0, year = 0;
-    ASSERT_EQ(std::swscanf(text.c_str(), L"    %3ls %3ls %2u %2u:%2u:%2u %4u", weekday, month, &day, &hour, &minute, &second, &year), 7)
+    ASSERT_EQ(std::swscanf(text.c_str(), L"    %3ls %3ls %2u %2u:%2u:%2u %4u", weekday, month, &day, &hour,
+                           &minute, &second, &year),
+              7)
         << std::string(text.begin(), text.end());
     ASSERT_EQ(text.size(), 28u);
     const std::wstring months = L"JanFebMarAprMayJunJulAugSepOctNovDec", weekdays = L"SunMonTueWedThuFriSat";
@@ -160,7 +164,10 @@ TEST(About, TheHelpRequestStartsTheHelpViewer) {
     OpenAbout about;
     ASSERT_EQ(FindWindowW(L"HandheldHelpViewer", nullptr), nullptr);
     SetForegroundWindow(about.dialog);
-    for (const auto& [key, flags] : {std::pair<BYTE, DWORD>{VK_SHIFT, 0}, {VK_F1, 0}, {VK_F1, KEYEVENTF_KEYUP}, {VK_SHIFT, KEYEVENTF_KEYUP}})
+    for (const auto& [key, flags] : {std::pair<BYTE, DWORD>{VK_SHIFT, 0},
+                                     {VK_F1, 0},
+                                     {VK_F1, KEYEVENTF_KEYUP},
+                                     {VK_SHIFT, KEYEVENTF_KEYUP}})
         keybd_event(key, 0, flags, 0);
     HWND help = nullptr;
     ASSERT_TRUE(WaitFor([&] { return (help = FindWindowW(L"HandheldHelpViewer", nullptr)) != nullptr; }));
@@ -189,6 +196,7 @@ TEST_P(AboutInLanguage, EveryTextFitsItsColumn) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, AboutInLanguage,
-                         testing::Values(L"1033", L"2052", L"1028", L"1031", L"1036", L"1040", L"1046", L"3082", L"1042"));
+                         testing::Values(L"1033", L"2052", L"1028", L"1031", L"1036", L"1040", L"1046",
+                                         L"3082", L"1042"));
 
 }  // namespace

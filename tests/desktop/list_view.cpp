@@ -6,7 +6,8 @@ namespace {
 
 constexpr int kRoom = 128;
 
-// A record followed by a text, in memory of the process that owns a window: its messages take addresses there.
+// A record followed by a text, in memory of the process that owns a window: its messages take addresses
+// there.
 template <class Record>
 class RemoteRecord {
   public:
@@ -72,5 +73,6 @@ std::wstring ListHeading(HWND list, int column) {
 int ListTextWidth(HWND list, const std::wstring& text) {
     RemoteRecord<LVITEMW> remote(list);
     remote.WriteText(text);
-    return static_cast<int>(SendMessageW(list, LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(remote.TextAt())));
+    return static_cast<int>(
+        SendMessageW(list, LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(remote.TextAt())));
 }

@@ -11,8 +11,8 @@ namespace {
 // style, extended style, controls, place; menu, class, caption; font
 constexpr WORD kPlain[] = {0x00C4, 0x90C8, 0, 0, 3, 0, 0, 160, 140, 0, 0, 'F', 'i', 'l', 'e', 0, 8, 'T', 0};
 // version, mark, help, extended style, style, controls, place; menu by number, class by name, caption
-constexpr WORD kExtended[] = {1,   0xFFFF, 0, 0,      0,  0,   0x00C4, 0x90C8, 3,   0,   0,
-                              160, 140,    0xFFFF, 77, 'A', 'b',    0,      'S', 'i', 0};
+constexpr WORD kExtended[] = {1,   0xFFFF, 0,      0,  0,   0,   0x00C4, 0x90C8, 3,   0, 0,
+                              160, 140,    0xFFFF, 77, 'A', 'b', 0,      'S',    'i', 0};
 
 DWORD DoubleWord(const std::vector<BYTE>& bytes, size_t at) {
     DWORD word;
@@ -42,7 +42,9 @@ TEST(PageTemplate, ExtendedFormBecomesAChild) {
 }
 
 TEST(PageTemplate, EveryTruncationUpToTheCaptionIsRefused) {
-    for (size_t size = 0; size < 16 * sizeof(WORD); ++size) EXPECT_FALSE(ReadPageTemplate(kPlain, size)) << size;
+    for (size_t size = 0; size < 16 * sizeof(WORD); ++size)
+        EXPECT_FALSE(ReadPageTemplate(kPlain, size)) << size;
     EXPECT_TRUE(ReadPageTemplate(kPlain, 16 * sizeof(WORD)));
-    for (size_t size = 0; size < sizeof kExtended; ++size) EXPECT_FALSE(ReadPageTemplate(kExtended, size)) << size;
+    for (size_t size = 0; size < sizeof kExtended; ++size)
+        EXPECT_FALSE(ReadPageTemplate(kExtended, size)) << size;
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "desktop/process_counts.h"
 #include "platform/ce.h"
 #include "test_resources.h"
 
@@ -22,9 +23,7 @@ struct TestPage {
     std::function<void()> onKill;
     HWND window = nullptr;
 
-    void Note(const char* what, LPARAM detail) const {
-        log += name + " " + what + (detail ? "!" : "") + ";";
-    }
+    void Note(const char* what, LPARAM detail) const { log += name + " " + what + (detail ? "!" : "") + ";"; }
 
     LRESULT OnNotice(const PSHNOTIFY& notice) const {
         switch (notice.hdr.code) {
@@ -85,7 +84,8 @@ class Sheet : public testing::Test {
 
     Sheet() {
         s_running = this;
-        owner = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+        owner = CreateWindowExW(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9, nullptr, nullptr,
+                                nullptr, nullptr);
         records = {Record(one, IDD_PAGE_ONE, L"First"), Record(two, IDD_PAGE_TWO, L"Second")};
         header.dwSize = sizeof header;
         header.dwFlags = PSH_PROPSHEETPAGE | PSH_NOAPPLYNOW;
@@ -187,19 +187,20 @@ TEST_F(Sheet, WithoutPagesMayBeCancelled) {
     EXPECT_EQ(0, Show({[&] { Press(PSBTN_CANCEL); }}, false));
     EXPECT_EQ(0, Show({[&] { PostMessageW(sheet, WM_CLOSE, 0, 0); }}, false));
     EXPECT_EQ(0, Show({[&] { PostMessageW(sheet, WM_KEYDOWN, VK_ESCAPE, 0); }}, false));
-    EXPECT_EQ(0, Show({[&] { PostMessageW(sheet, PSM_SETCURSEL, 0, 0); }, [&] { Press(PSBTN_CANCEL); }}, false));
+    EXPECT_EQ(0,
+              Show({[&] { PostMessageW(sheet, PSM_SETCURSEL, 0, 0); }, [&] { Press(PSBTN_CANCEL); }}, false));
 }
 
 TEST_F(Sheet, TheTitleBarsButtonIsOk) {
     EXPECT_EQ(1, Show({[&] {
-        RECT place;
-        GetWindowRect(sheet, &place);
-        const LPARAM at = MAKELPARAM(place.left + 226, place.top + 13);
-        SendMessageW(sheet, WM_NCLBUTTONDOWN, HTCLOSE, at);
-        POINT client = {place.left + 226, place.top + 13};
-        ScreenToClient(sheet, &client);
-        SendMessageW(sheet, WM_LBUTTONUP, 0, MAKELPARAM(client.x, client.y));
-    }}));
+                  RECT place;
+                  GetWindowRect(sheet, &place);
+                  const LPARAM at = MAKELPARAM(place.left + 226, place.top + 13);
+                  SendMessageW(sheet, WM_NCLBUTTONDOWN, HTCLOSE, at);
+                  POINT client = {place.left + 226, place.top + 13};
+                  ScreenToClient(sheet, &client);
+                  SendMessageW(sheet, WM_LBUTTONUP, 0, MAKELPARAM(client.x, client.y));
+              }}));
     EXPECT_EQ("1 active;1 kill;1 apply!;", log);
 }
 
@@ -260,7 +261,8 @@ TEST_F(Sheet, TheKeyboardGoesRoundThePages) {
               SendMessageW(sheet, WM_NULL, 0, 0);
               Key(VK_TAB);
           },
-          [&] { EXPECT_EQ(two.window, Front()); }, [&] { Key(VK_TAB); }, [&] { EXPECT_EQ(one.window, Front()); },
+          [&] { EXPECT_EQ(two.window, Front()); }, [&] { Key(VK_TAB); },
+          [&] { EXPECT_EQ(one.window, Front()); },
           [&] {
               control(0);
               Key(VK_TAB);
@@ -294,7 +296,8 @@ TEST_F(Sheet, APageMayRefuseFromBehind) {
 }
 
 TEST_F(Sheet, ApplyingLeavesItOpen) {
-    EXPECT_EQ(0, Show({[&] { EXPECT_TRUE(SendMessageW(sheet, PSM_APPLY, 0, 0)); }, [&] { Press(PSBTN_CANCEL); }}));
+    EXPECT_EQ(
+        0, Show({[&] { EXPECT_TRUE(SendMessageW(sheet, PSM_APPLY, 0, 0)); }, [&] { Press(PSBTN_CANCEL); }}));
     EXPECT_EQ("1 active;1 kill;1 apply;1 query;1 reset;", log);
 }
 
@@ -401,13 +404,16 @@ TEST_F(Sheet, ItsOwnerMayCloseWhileAPageIsAsked) {
 }
 
 TEST_F(Sheet, GoesWithoutTrace) {
+    constexpr int kRounds = 30;
+    constexpr int kKept = 10;  // by the system for the next time, however often
     const auto once = [&] { Show({[&] { TapTab(1); }, [&] { Press(PSBTN_OK); }}); };
     once();
-    const DWORD gdi = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-    const DWORD user = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
-    for (int i = 0; i < 20; ++i) once();
-    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), gdi + 2);
-    EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), user + 2);
+    const ProcessCounts counts = CountHeld(GetCurrentProcess());
+    for (int i = 0; i < kRounds; ++i) once();
+    const ProcessCounts later = CountHeld(GetCurrentProcess());
+    EXPECT_LE(later.handles, counts.handles + kKept);
+    EXPECT_LE(later.gdiObjects, counts.gdiObjects + kKept);
+    EXPECT_LE(later.userObjects, counts.userObjects + kKept);
 }
 
 }  // namespace

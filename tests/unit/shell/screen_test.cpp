@@ -134,6 +134,19 @@ TEST(Screen, TitleBarShowsTheTitle) {
     EXPECT_EQ(whitePixels(), withTitle);
 }
 
+TEST(Screen, DialogsAreWhiteAndInTheShellsFont) {
+    TestDialog dialog;
+    HWND label = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE, 20, 20, 60, 20, dialog.Window(), nullptr,
+                                 nullptr, nullptr);
+    dialog.Fill();
+    EXPECT_EQ(dialog.Pixel(5, 26 + 5), RGB(255, 255, 255));
+    EXPECT_EQ(dialog.Pixel(40, 26 + 30), RGB(255, 255, 255));
+    LOGFONTW font = {};
+    GetObjectW(reinterpret_cast<HFONT>(SendMessageW(label, WM_GETFONT, 0, 0)), sizeof font, &font);
+    EXPECT_STREQ(font.lfFaceName, L"Tahoma");
+    EXPECT_EQ(font.lfHeight, -11);
+}
+
 TEST(Screen, OtherShellCalls) {
     TestDialog dialog;
     EXPECT_TRUE(SendMessageW(dialog.Window(), WM_GETFONT, 0, 0) == 0);

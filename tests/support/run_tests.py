@@ -11,7 +11,7 @@ import tempfile
 import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
-from wine_session import ROOT, wine_session  # noqa: E402
+from wine_session import ROOT, TEST_ZONE, wine_session  # noqa: E402
 
 PRESETS = ["native", "sanitize", "arm", "layout", "desktop"]
 
@@ -150,7 +150,7 @@ def run_desktop(tally):
     with wine_session() as wine:
         def run(path, options):
             converted = [option.replace("json:/", "json:Z:/") for option in options]
-            return captured(["wine", str(path), *converted], wine.environment)
+            return captured(["wine", str(path), *converted], {**wine.environment, **TEST_ZONE})
         run_golden("desktop", ["wine"], tally, wine.environment)
         for program in programs("desktop", "unit_*.exe") + programs("desktop", "desktop_*.exe"):
             run_gtest("desktop", run, program, tally)

@@ -14,6 +14,9 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 CJK_FACE = "WenQuanYi Micro Hei"
 LINKED_FACES = ["Tahoma", "Tahoma Bold", "MS Shell Dlg", "Microsoft Sans Serif", "MS Sans Serif"]
 
+# For the tests: local time is not UTC, so that it shows which of the two a program uses.
+TEST_ZONE = {"TZ": "XYZ-9"}
+
 
 class Display:
     """An X server without a screen, on a display number that the server itself chooses."""

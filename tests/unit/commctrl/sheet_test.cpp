@@ -399,8 +399,9 @@ TEST_F(Sheet, EndsWithTheProgram) {
 
 TEST_F(Sheet, ItsOwnerMayCloseWhileAPageIsAsked) {
     one.onKill = [&] { DestroyWindow(owner); };
-    EXPECT_EQ(0, Show({[&] { TapTab(1); }}));
+    EXPECT_EQ(0, Show({[&] { PostMessageW(sheet, PSM_SETCURSEL, 1, 0); }}));
     EXPECT_EQ("1 active;1 kill;", log);
+    EXPECT_EQ(nullptr, two.window);
 }
 
 TEST_F(Sheet, GoesWithoutTrace) {

@@ -59,6 +59,9 @@ inline constexpr uint32_t kComponentIds = 8;  // arrays by component id; ids 1..
 
 struct DecoderContext;
 struct SourceRow;
+namespace jpeg {
+struct ScanEngine;
+}
 // Converts one row of samples; returns the end of what it wrote.
 using RowConverter = uint8_t* (*)(const DecoderContext& context, const SourceRow& row, uint8_t* out);
 
@@ -77,6 +80,9 @@ struct DecoderCursors {
 // All state of the decoder; the start state is the default one. The working buffer is kept between frames.
 struct DecoderContext {
     DecoderCursors cursors;
+
+    // How scans are decoded: the fastest way that this processor knows, see scan_engine.h
+    const jpeg::ScanEngine* engine = nullptr;
 
     // The decode
     uint16_t mode = 0;
@@ -142,7 +148,7 @@ struct DecoderContext {
     uint8_t inputChunk[kInputChunkBytes];
 };
 
-// Fills the four Huffman tables. Once, before the first decode. Returns the context.
+// Fills the four Huffman tables and chooses the engine. Once, before the first decode. Returns the context.
 DecoderContext* buildHuffmanTables(DecoderContext& context);
 
 // Decodes one JPEG stream into the picture buffer; the caller has set the first three cursors. On any code

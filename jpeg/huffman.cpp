@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "jpeg/scan_engine.h"
+
 // The typical tables of ITU-T T.81, Annex K (K.3 to K.6), the only ones in use: the card codes with them and
 // sends none, and tables that a file brings along are skipped.
 
@@ -74,5 +76,6 @@ void buildTable(HuffmanTable& table, const TypicalTable& typical) {
 
 DecoderContext* buildHuffmanTables(DecoderContext& context) {
     for (uint32_t slot = 0; slot < 4; ++slot) buildTable(context.huffman[slot], kTypicalTables[slot]);
+    context.engine = &jpeg::fastestScanEngine();
     return &context;
 }

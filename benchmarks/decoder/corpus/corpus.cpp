@@ -22,6 +22,13 @@ Bytes tableSegment(uint8_t slot, const HuffmanTable& table) {
     return content;
 }
 
+JpegStream& addHuffmanTables(JpegStream& file) {
+    return file.segment(0xC4, tableSegment(0x00, sio::kLumaDc))
+        .segment(0xC4, tableSegment(0x10, sio::kLumaAc))
+        .segment(0xC4, tableSegment(0x01, sio::kChromaDc))
+        .segment(0xC4, tableSegment(0x11, sio::kChromaAc));
+}
+
 Bytes stepsOf(const sio::StepTable& steps) {
     return Bytes(steps.begin(), steps.end());
 }
@@ -45,9 +52,7 @@ Stream makeFile(const Set& set, const sio::Picture& picture) {
     file.start().quantTable(0, stepsOf(steps.luma)).quantTable(1, stepsOf(steps.chroma));
     file.frame(static_cast<uint32_t>(set.width), static_cast<uint32_t>(set.height),
                {{1, sampling, 0}, {2, 0x11, 1}, {3, 0x11, 1}});
-    file.segment(0xC4, tableSegment(0x00, sio::kLumaDc)).segment(0xC4, tableSegment(0x10, sio::kLumaAc));
-    file.segment(0xC4, tableSegment(0x01, sio::kChromaDc)).segment(0xC4, tableSegment(0x11, sio::kChromaAc));
-    return file.scanHeader().raw(scan).bytes();
+    return addHuffmanTables(file).scanHeader().raw(scan).bytes();
 }
 
 }  // namespace
@@ -64,6 +69,14 @@ const std::vector<Set>& sets() {
 Stream makeStream(const Set& set, uint32_t number) {
     const sio::Picture picture = photograph(set.width, set.height, number);
     return set.headerTemplate != 0 ? makeFrame(set, picture) : makeFile(set, picture);
+}
+
+Stream completed(const Stream& frame) {
+    constexpr size_t kScanHeaderBytes = 14;
+    const auto scanHeader = frame.begin() + kPreviewHeaderBytes - kScanHeaderBytes;
+    JpegStream file;
+    file.raw({frame.begin(), scanHeader - 1});
+    return addHuffmanTables(file).raw({scanHeader, frame.end()}).bytes();
 }
 
 std::string streamPath(const std::string& folder, const char* set, uint32_t number) {

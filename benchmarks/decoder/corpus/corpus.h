@@ -25,6 +25,10 @@ inline constexpr uint32_t kFrames = 16;
 // One stream of a set: number 0..kFrames-1.
 Stream makeStream(const Set& set, uint32_t number);
 
+// A frame with one of the preview headers as other decoders want it: the Huffman tables put in, the byte that
+// belongs to no segment left out.
+Stream completed(const Stream& frame);
+
 // Where makeStream's results are kept: FOLDER/SET-NN.jpg
 std::string streamPath(const std::string& folder, const char* set, uint32_t number);
 

@@ -1,6 +1,7 @@
 // Decodes frames of the corpus, each within a region that region_counter counts:
-//     count_decodes CORPUS FRAMES [WORK]
-// FRAMES: the first so many of each set. Prints "decoded WORK DECODER NUMBER" for each region, in order.
+//     count_decodes CORPUS FRAMES [WORK DECODER]
+// FRAMES: the first so many of each set; all works and decoders, or one. Prints "decoded WORK DECODER NUMBER"
+// for each region, in order.
 #include <sys/resource.h>
 
 #include <algorithm>
@@ -40,14 +41,14 @@ bool count(CContender& contender, const Work& work, const std::string& folder, s
 
 int main(int argc, char** argv) {
     const int frames = argc >= 3 ? std::atoi(argv[2]) : 0;
-    if (argc > 4 || frames < 1) {
-        std::fprintf(stderr, "usage: count_decodes CORPUS FRAMES [WORK]\n");
+    if ((argc != 3 && argc != 5) || frames < 1) {
+        std::fprintf(stderr, "usage: count_decodes CORPUS FRAMES [WORK DECODER]\n");
         return 2;
     }
     try {
         for (const auto& contender : entrants()) {
             for (const Work& work : works()) {
-                if (argc == 4 && workName(work) != argv[3]) continue;
+                if (argc == 5 && (workName(work) != argv[3] || contender->name() != argv[4])) continue;
                 if (count(*contender, work, argv[1], static_cast<size_t>(frames))) continue;
                 std::fprintf(stderr, "%s fails at %s\n", contender->name().c_str(), workName(work).c_str());
                 return 1;

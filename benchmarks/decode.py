@@ -27,7 +27,7 @@ DOCUMENT = ROOT / "docs" / "performance.md"
 BEGIN, END = "<!-- ./bench --markdown writes from here -->", "<!-- to here -->"
 
 ROUNDS, QUICK_ROUNDS = 60, 9
-NATIVE_TARGETS = ["make_corpus", "decode_times", "count_decodes", "region_counter"]
+NATIVE_TARGETS = ["make_corpus", "decode_times", "sample_decodes", "region_counter"]
 ARM_TARGETS = ["count_decodes", "count_turbo"]
 STAGE_WORKS = ["preview-444:8", "preview-420:8", "still-422:8", "still-422:10"]
 
@@ -67,15 +67,16 @@ def measure_times(rounds, engine):
 
 
 def measure_counts(frames):
-    return {**instruction_counts.count("arm", "count_decodes", CORPUS, frames),
-            **instruction_counts.count("arm", "count_turbo", CORPUS, frames)}
+    return {**instruction_counts.count("count_decodes", CORPUS, frames),
+            **instruction_counts.count("count_turbo", CORPUS, frames)}
 
 
 def measure_stages(times, counts):
     desktop = tables.engines(next(iter(times.values())))[-1]
     handheld = tables.engines(dict.fromkeys(decoder for _, decoder in counts))[-1]
-    return {(processor, engine): {work: stages.shares(preset, CORPUS, work, tables.OURS + engine) for work in STAGE_WORKS}
-            for processor, preset, engine in (("x86-64", "native", desktop), ("ARM", "arm", handheld))}
+    return {(what, engine): {work: share(CORPUS, work, tables.OURS + engine) for work in STAGE_WORKS}
+            for what, engine, share in (("time, x86-64", desktop, stages.sampled_here),
+                                        ("instructions, ARM", handheld, stages.counted_on_arm))}
 
 
 def report(where, rounds, times, counts, split, frames):
@@ -85,7 +86,7 @@ def report(where, rounds, times, counts, split, frames):
         "Microseconds per frame, medians:", tables.time_table(times, frames),
         "Instructions per frame on ARM, and frames a second that they allow at 206 MHz without waiting for memory:",
         tables.arm_table(counts),
-        "Where the instructions go:", tables.stage_table(split)])
+        "Where it goes:", tables.stage_table(split)])
 
 
 def write_document(text):

@@ -1,4 +1,4 @@
-"""Where a decode's instructions go: entropy decoding, transform, colour.
+"""Where a decode's time and instructions go: entropy decoding, transform, colour.
 
 Each instruction is told by the source line it was compiled from, however deep that was inlined.
 """
@@ -7,7 +7,10 @@ import collections
 import re
 import subprocess
 
-from instruction_counts import ROOT, emulate
+from instruction_counts import ARM, ROOT, emulate
+
+FRAMES = 4   # counted of each set
+SECONDS = 3  # sampled of each work
 
 # Stage -> source files of jpeg/.  What the C library does, and the rest, is neither.
 STAGES = {
@@ -34,15 +37,30 @@ def parse_lines(output):
     return files
 
 
-def shares(preset, corpus, work, decoder, frames=4):
-    """Stage -> share of the instructions within the decode calls."""
-    _, lines = emulate(preset, "count_decodes", [corpus, frames, work, decoder], ",addresses=on")
-    words = [line.split() for line in lines if line.startswith("address ")]
+def shares(program, profile):
+    """Stage -> share, of lines "address HEX N"; addresses are the program's."""
+    words = [line.split() for line in profile if line.startswith("address ")]
     counts = {int(address, 16): int(count) for _, address, count in words}
-    result = subprocess.run([ADDR2LINE[preset], "-a", "-i", "-e", ROOT / "build" / preset / "count_decodes"], check=True,
-                            text=True, stdout=subprocess.PIPE, input="".join(f"{address:x}\n" for address in counts))
+    if not counts:
+        raise RuntimeError(f"{program} was never seen at work")
+    tool = ADDR2LINE[program.parent.name]
+    result = subprocess.run([tool, "-a", "-i", "-e", program], check=True, text=True, stdout=subprocess.PIPE,
+                            input="".join(f"{address:x}\n" for address in counts))
     files = parse_lines(result.stdout)
     stages = collections.Counter()
     for address, count in counts.items():
         stages[stage_of(files[address])] += count
     return {stage: stages[stage] / stages.total() for stage in [*STAGES, "other"]}
+
+
+def counted_on_arm(corpus, work, decoder):
+    """Shares of the instructions within the decode calls."""
+    _, lines = emulate("count_decodes", [corpus, FRAMES, work, decoder], ",addresses=on")
+    return shares(ARM / "count_decodes", lines)
+
+
+def sampled_here(corpus, work, decoder):
+    """Shares of the time."""
+    program = ROOT / "build" / "native" / "sample_decodes"
+    result = subprocess.run([program, corpus, str(SECONDS), work, decoder], check=True, text=True, stdout=subprocess.PIPE)
+    return shares(program, result.stdout.splitlines())

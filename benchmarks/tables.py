@@ -70,8 +70,8 @@ def arm_table(counts):
 
 
 def stage_table(shares):
-    """Of (processor, engine) -> work -> stage -> share."""
+    """Of (what is shared out, engine) -> work -> stage -> share."""
     stages = list(next(iter(next(iter(shares.values())).values())))
-    rows = [[TARGETS[work].label, processor, engine, *(f"{by_stage[stage]:.0%}" for stage in stages)]
-            for (processor, engine), works in shares.items() for work, by_stage in works.items()]
-    return table(["work", "processor", "engine", *stages], rows)
+    rows = [[TARGETS[work].label, what, engine, *(f"{by_stage[stage]:.0%}" for stage in stages)]
+            for (what, engine), works in shares.items() for work, by_stage in works.items()]
+    return table(["work", "share of", "engine", *stages], rows)

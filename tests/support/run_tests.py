@@ -11,6 +11,7 @@ import tempfile
 import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
+import instruction_guard  # noqa: E402
 from wine_session import ROOT, TEST_ZONE, wine_session  # noqa: E402
 
 PRESETS = ["native", "sanitize", "arm", "layout", "desktop"]
@@ -146,6 +147,12 @@ def run_portable(tally):
         run_gtest("arm", lambda path, options: captured(["qemu-arm", path, *options]), program, tally)
 
 
+def run_instruction_guard(tally):
+    for name, problem in instruction_guard.check():
+        tally.add(name, "failed" if problem else "ok", problem)
+    print("instruction counts compared", flush=True)
+
+
 def run_desktop(tally):
     with wine_session() as wine:
         def run(path, options):
@@ -167,6 +174,8 @@ def main():
         for script in CHECKS:
             run_check(script, tally)
     run_portable(tally)
+    if {"native", "arm"} <= set(built):
+        run_instruction_guard(tally)
     if "desktop" in built:
         run_desktop(tally)
     for name in tally.failures:

@@ -20,10 +20,11 @@ struct Shade {
 // What the random numbers of a picture are for; each takes its own from scatter().
 enum Purpose : uint32_t { kHorizon, kFarColour, kNearColour, kThings, kDetail, kGrain, kTint };
 
-constexpr uint32_t kNumbers = 16;
-constexpr int kFinestCell = 1;   // bits: texture goes down to two pixels
-constexpr int kTintOctaves = 5;  // colour changes more slowly than light
-constexpr int kSteps = 16;       // of a level: what texture and tint are counted in
+constexpr uint32_t kNumbers = 16;  // a picture has 0..15 degrees of detail
+constexpr uint32_t kLeap = 7;      // so that the first few already differ much
+constexpr int kFinestCell = 1;     // bits: texture goes down to two pixels
+constexpr int kTintOctaves = 5;    // colour changes more slowly than light
+constexpr int kSteps = 16;         // of a level: what texture and tint are counted in
 constexpr int kStrongest = 62 * kSteps, kStrongestTint = 18 * kSteps;
 constexpr int kLargest = 130;  // half size of the largest thing, in thousandths of the picture
 constexpr int kSmallest = 7;
@@ -34,7 +35,7 @@ class Photograph {
   public:
     Photograph(int width, int height, uint32_t number) : m_seed(scatter(number, width, height)) {
         m_picture.resize(width, height);
-        m_richness = static_cast<int>(number % kNumbers);
+        m_richness = static_cast<int>(number * kLeap % kNumbers);
     }
 
     Picture take() {

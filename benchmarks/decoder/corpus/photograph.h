@@ -6,7 +6,7 @@
 namespace corpus {
 
 // The picture of this number, the same on every machine; pictures of different sizes differ, too.
-// Numbers 0..15 run from plain to rich in detail, again and again.
+// Sixteen successive numbers have every degree of detail from plain to rich.
 sio::Picture photograph(int width, int height, uint32_t number);
 
 }  // namespace corpus

@@ -1,6 +1,6 @@
 """Where a decode's time and instructions go: entropy decoding, transform, colour.
 
-Each instruction is told by the source line it was compiled from, however deep that was inlined.
+Each instruction is told by the source line it was compiled from, however deep that was inlined, and a line by its file.
 """
 
 import collections
@@ -14,26 +14,30 @@ SECONDS = 3  # sampled of each work
 
 # Stage -> source files of jpeg/.  What the C library does, and the rest, is neither.
 STAGES = {
-    "entropy": r"bit_reader|bit_|huffman|scan|zigzag|symbol|stuff|mcu_loop|entropy|coefficient",
+    "entropy": r"bit|huffman|scan|zigzag|symbol|codes|reader|stuff|mcu|entropy|block|typical",
     "transform": r"dct|transform",
-    "colour": r"convert|color|pixel",
+    "colour": r"convert|color|pixel|rows",
 }
 ADDR2LINE = {"arm": "arm-linux-gnueabi-addr2line", "native": "addr2line"}
 
 
-def stage_of(source):
-    return next((stage for stage, pattern in STAGES.items() if re.search(pattern, source)), "other")
+def stage_of(sources):
+    """Of source files, innermost first, the first that belongs to a stage decides: some are shared by all."""
+    for source in sources:
+        for stage, pattern in STAGES.items():
+            if re.search(pattern, source):
+                return stage
+    return "other"
 
 
 def parse_lines(output):
-    """addr2line -a -i -> address -> the innermost line's file in jpeg/, or ""."""
-    files, address = {}, None
+    """addr2line -a -i -> address -> the files in jpeg/ that it came from, innermost first."""
+    files = {}
     for line in output.splitlines():
         if line.startswith("0x"):
-            address = int(line, 16)
-            files[address] = ""
-        elif not files[address] and (match := re.search(r"/jpeg/([\w.]+):", line)):
-            files[address] = match[1]
+            sources = files[int(line, 16)] = []
+        elif match := re.search(r"/jpeg/(?:\w+/)*(\w+\.\w+):", line):
+            sources.append(match[1])
     return files
 
 

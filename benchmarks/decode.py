@@ -135,5 +135,5 @@ def main():
 if __name__ == "__main__":
     try:
         sys.exit(main())
-    except RuntimeError as error:
+    except (OSError, RuntimeError, subprocess.CalledProcessError) as error:
         sys.exit(f"bench: {error}")

@@ -24,5 +24,5 @@ class CContender {
 
 using Contenders = std::vector<std::unique_ptr<CContender>>;
 
-// The pictures of rows of 24-bit or 16-bit pixels, each fourth row and column left out.
+// Copies a whole frame's pixels, rows inRowBytes apart, without each fourth row and column.
 void copyThreeOfFour(const uint8_t* in, size_t inRowBytes, const Task& task, uint8_t* picture);

@@ -19,7 +19,7 @@ namespace {
 // hit all alike, and long enough to have its tables in the cache.
 constexpr size_t kTurn = 4;
 
-constexpr double kMostDifference = 12;  // levels; three quarters may be taken from other columns than ours
+constexpr double kMostDifference = 8;  // levels; three quarters may be taken from other columns than ours
 
 struct Entry {
     CContender* contender;

@@ -31,9 +31,9 @@ constexpr int kSmallest = 7;
 constexpr int kFarSoftness = 3;   // the far ground has less texture by this factor
 constexpr int kLongestRoll = 24;  // of the horizon, as a part of the height
 
-class Photograph {
+class CPhotograph {
   public:
-    Photograph(int width, int height, uint32_t number) : m_seed(scatter(number, width, height)) {
+    CPhotograph(int width, int height, uint32_t number) : m_seed(scatter(number, width, height)) {
         m_picture.resize(width, height);
         m_richness = static_cast<int>(number * kLeap % kNumbers);
     }
@@ -174,7 +174,7 @@ class Photograph {
 }  // namespace
 
 Picture photograph(int width, int height, uint32_t number) {
-    return Photograph(width, height, number).take();
+    return CPhotograph(width, height, number).take();
 }
 
 }  // namespace corpus

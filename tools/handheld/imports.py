@@ -7,6 +7,12 @@ and that word under the name "__imp_<name>".  The linker keeps the ones in use; 
 import pathlib
 import struct
 
+# Calls whose result is 16 bits wide: the handheld's libraries leave anything above them, the compiler trusts that they do
+# not.  These get a jump that comes back and clears (or fills, for signed ones) what is above.
+NARROW_RESULTS = {"FindAtomW": "lsr", "GetAsyncKeyState": "asr", "GetKeyState": "asr", "GetSystemDefaultLangID": "lsr",
+                  "GetUserDefaultLangID": "lsr", "GlobalAddAtomW": "lsr", "GlobalDeleteAtom": "lsr",
+                  "GlobalFindAtomW": "lsr", "RegisterClassW": "lsr", "fgetwc": "lsr", "towlower": "lsr", "towupper": "lsr"}
+
 LIBRARIES = ("aygshell", "commctrl", "coredll")  # in the order of the words in image.ld
 WORD_PREFIX = "__imp_"
 ORDINAL_FLAG = 0x80000000
@@ -24,6 +30,13 @@ def read_exports(folder):
     return exports
 
 
+def _jump(name):
+    if name not in NARROW_RESULTS:
+        return "ldr ip, 1f\nldr pc, [ip]\n"
+    return ("str lr, [sp, #-4]!\nldr ip, 1f\nmov lr, pc\nldr pc, [ip]\n"
+            f"lsl r0, r0, #16\n{NARROW_RESULTS[name]} r0, r0, #16\nldr pc, [sp], #4\n")
+
+
 def import_source(exports):
     """Assembler text: one jump and one word for every export; the core library's come first where two have a name."""
     parts, seen = [".syntax unified\n.arm\n"], set()
@@ -33,8 +46,8 @@ def import_source(exports):
             parts.append(
                 f'.section ".text.import.{name}","ax",%progbits\n'
                 f'.weak "{name}"\n.type "{name}",%function\n"{name}":\n'
-                f"ldr ip, 1f\nldr pc, [ip]\n"
-                f'1: .word "{WORD_PREFIX}{name}"\n.size "{name}", 12\n'
+                f"{_jump(name)}"
+                f'1: .word "{WORD_PREFIX}{name}"\n.size "{name}", . - "{name}"\n'
                 f'.section ".iat.{library}.{name}","aw",%progbits\n'
                 f'.globl "{WORD_PREFIX}{name}"\n"{WORD_PREFIX}{name}": .word 0\n')
     return "".join(parts)

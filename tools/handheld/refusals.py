@@ -4,8 +4,8 @@ import re
 
 import base_relocations
 
-# The two places that compute with fractions: how many pictures fit, and the rates in a finished movie's header.
-FRACTION_SOURCES = {"store_space.cpp", "movie_rates.cpp"}
+# The sources that may compute with fractions, away from the frames' path: how many pictures fit.
+FRACTION_SOURCES = {"store_space.cpp"}
 
 # The compiler's helpers, and those that the core library exports for the handheld's own compiler.
 FRACTION_HELPER = re.compile(

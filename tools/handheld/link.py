@@ -54,7 +54,7 @@ def link_objects(options, exports, files):
     linked = options.output.with_suffix(".elf")
     # Symbols that stay open are named below, with their users; relocations are kept for the base relocations.
     run(TOOL + "ld", "-T", SCRIPT, "--gc-sections", "--fix-v4bx", "--emit-relocs", "--unresolved-symbols=ignore-all",
-        "--no-enum-size-warning", "--no-wchar-size-warning", "--no-warn-mismatch", "-Map", options.output.with_suffix(".map"),
+        "--no-enum-size-warning", "--no-wchar-size-warning", "--no-warn-execstack", "--fatal-warnings", "-Map", options.output.with_suffix(".map"),
         "-o", linked, "--start-group", *files, options.libgcc, "--end-group", imports_object)
     return linked
 

@@ -23,7 +23,7 @@ COMPILER = re.compile(r"^(_Z|__gxx|__cxa|_Unwind|___chkstk|__main$|__dso|_pei386
 
 def exported(library):
     names = (LISTS / f"{library}.txt").read_text().splitlines()
-    return {name.strip() for name in names if name and not name.startswith("#")}
+    return {name.partition("@")[0].strip() for name in names if name and not name.startswith("#")}
 
 
 def output(*command):

@@ -66,7 +66,7 @@ def check(elf, linked, map_file):
 
     places = Places(elf, read_map(map_file.read_text()), demangle)
     reasons = (refusals.unknown_symbols(elf, places) + refusals.open_relocations(elf, places)
-               + refusals.fractions(elf, places)
+               + refusals.fractions(elf, places) + refusals.thumb_code(elf, places)
                + refusals.late_instructions(run(TOOL + "objdump", "-d", linked), places))
     if reasons:
         raise Refused("\n".join(reasons))
@@ -85,7 +85,8 @@ def make_image(elf, exports, resources):
     def rva(name):
         return elf.section(name).address - pe.BASE
 
-    import_rva = elf.named()["kImageEnd"] - pe.BASE
+    named = elf.named()
+    import_rva = named["kImageEnd"] - pe.BASE
     bound = imports.bound_imports(elf, exports)
     directory, words = imports.import_directory(bound, import_rva, pe.BASE)
     resource_rva = pe.rounded(import_rva + len(directory), pe.PAGE)
@@ -93,12 +94,11 @@ def make_image(elf, exports, resources):
     relocation_rva = pe.rounded(resource_rva + len(resource_data), pe.PAGE)
     relocations = base_relocations.relocation_blocks(base_relocations.address_words(elf), pe.BASE)
 
-    bss = elf.section(".bss")
     sections = [
         pe.Section(".text", rva(".text"), stored(elf, ".text"), pe.CODE | pe.EXECUTE | pe.READ),
         pe.Section(".rdata", rva(".rdata"), stored(elf, ".rdata"), pe.CONTENT | pe.READ),
         pe.Section(".data", rva(".data"), stored(elf, ".data", words), pe.CONTENT | pe.READ | pe.WRITE,
-                   bss.address + bss.size - elf.section(".data").address),
+                   named["kDataEnd"] - elf.section(".data").address),
         pe.Section(".idata", import_rva, directory, pe.CONTENT | pe.READ),
         pe.Section(".rsrc", resource_rva, resource_data, pe.CONTENT | pe.READ),
         pe.Section(".reloc", relocation_rva, relocations, pe.CONTENT | pe.READ | pe.DISCARDABLE)]

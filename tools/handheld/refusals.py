@@ -51,6 +51,11 @@ def fractions(elf, places):
             for caller, helper in sorted(callers)]
 
 
+def thumb_code(elf, places):
+    return [f"{places.words(symbol.value)} is Thumb code from {symbol.value:#x} on, which ARMv4 does not know"
+            for symbol in elf.symbols if symbol.name == "$t" or symbol.name.startswith("$t.")]
+
+
 def late_instructions(disassembly, places):
     """`disassembly`: objdump's lines, "address: word, tab, mnemonic, tab, operands"."""
     found = []

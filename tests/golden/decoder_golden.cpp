@@ -1,5 +1,6 @@
-// Decodes a fixed set of pictures in every mode and compares code, size and hash of the delivered bytes with
-// a checked-in list. The same list holds for every build: native, the handheld's processor, Windows.
+// Decodes a fixed set of pictures in every mode, by every engine that the processor can run, and compares
+// code, size and hash of the delivered bytes with a checked-in list. The same list holds for every engine and
+// every build: native, the handheld's processor, Windows.
 //
 //     golden_decoder LIST                 compares, names what differs, exit status 1 when anything does
 //     golden_decoder --regenerate LIST    writes the list anew; a change of it is a change of the decoder
@@ -10,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "jpeg/scan_engine.h"
 #include "support/decode_run.h"
 #include "support/picture_encoder.h"
 
@@ -55,14 +57,16 @@ std::string hashOf(const Bytes& bytes) {
     return std::string(text, 16);
 }
 
-std::vector<std::string> makeLines() {
+std::vector<std::string> makeLines(const jpeg::ScanEngine& engine) {
+    TestContext context;
+    context->engine = &engine;
     std::vector<std::string> lines;
     for (const Source& source : kSources) {
         const Bytes stream = makeStream(source);
         lines.push_back(std::string(source.name) + " stream " + std::to_string(stream.size()) + " " +
                         hashOf(stream));
         for (int32_t mode = 1; mode <= 14; ++mode) {
-            const Decoded decoded = runDecode(mode, stream);
+            const Decoded decoded = runDecode(*context, mode, stream);
             lines.push_back(std::string(source.name) + " mode " + std::to_string(mode) + " code " +
                             std::to_string(decoded.code) + " bytes " +
                             std::to_string(decoded.picture.size()) + " " + hashOf(decoded.picture));
@@ -82,11 +86,23 @@ std::vector<std::string> readLines(std::istream& file) {
 
 int regenerate(const char* path) {
     std::ofstream file(path, std::ios::binary);
-    for (const std::string& line : makeLines()) file << line << '\n';
+    for (const std::string& line : makeLines(*jpeg::scanEngines().begin())) file << line << '\n';
     file.close();
     if (file) return 0;
     std::cerr << "golden_decoder: cannot write " << path << "\n";
     return 2;
+}
+
+size_t countDifferences(const std::vector<std::string>& expected, const std::vector<std::string>& actual) {
+    size_t differences = 0;
+    for (size_t i = 0; i < expected.size() || i < actual.size(); ++i) {
+        const std::string want = i < expected.size() ? expected[i] : "(nothing)";
+        const std::string got = i < actual.size() ? actual[i] : "(nothing)";
+        if (want == got) continue;
+        ++differences;
+        std::cout << "expected " << want << "\n     got " << got << "\n";
+    }
+    return differences;
 }
 
 int compare(const char* path) {
@@ -96,16 +112,14 @@ int compare(const char* path) {
         return 2;
     }
     const std::vector<std::string> expected = readLines(file);
-    const std::vector<std::string> actual = makeLines();
     size_t differences = 0;
-    for (size_t i = 0; i < expected.size() || i < actual.size(); ++i) {
-        const std::string want = i < expected.size() ? expected[i] : "(nothing)";
-        const std::string got = i < actual.size() ? actual[i] : "(nothing)";
-        if (want == got) continue;
-        ++differences;
-        std::cout << "expected " << want << "\n     got " << got << "\n";
+    for (const jpeg::ScanEngine& engine : jpeg::scanEngines()) {
+        if (!engine.supported()) continue;
+        const std::vector<std::string> actual = makeLines(engine);
+        const size_t differing = countDifferences(expected, actual);
+        std::cout << engine.name << ": " << actual.size() << " lines, " << differing << " differ\n";
+        differences += differing;
     }
-    std::cout << actual.size() << " lines, " << differences << " differ\n";
     return differences == 0 ? 0 : 1;
 }
 

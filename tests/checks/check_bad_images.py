@@ -46,6 +46,8 @@ OBJECTS = {
     "late instruction": (".arch armv5te\nclz r0, r1", r"Start in sound\.o has the instruction clz r0, r1 at 0x110\w\w"),
     "late load": (".arch armv5te\nldrd r0, [r2]", r"the instruction ldrd r0, \[r2\]"),
     "late call": (".arch armv5te\nblx r3", r"the instruction blx r3"),
+    "late nothing": (".arch armv6k\nnop", r"the instruction nop \{0\}"),
+    "system call of its own": ("svc #0", r"the instruction svc 0x00000000"),
     "Thumb code": (".arch armv4t\n.thumb\nmovs r0, #1\nmovs r0, #2\n.arm", r"Start in sound\.o is Thumb code from 0x110\w\w on"),
     "open relocation": ("b 1f\n.word Start(TARGET2)\n1:", r"Start in sound\.o has a relocation of kind 41 towards \S+ that the image cannot hold"),
 }

@@ -2,6 +2,7 @@
 """Builds every preset and runs every test.  The last line counts them: N passed, N failed, N skipped."""
 
 import argparse
+import concurrent.futures
 import json
 import os
 import pathlib
@@ -14,7 +15,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).parent))
 import instruction_guard  # noqa: E402
 from wine_session import ROOT, TEST_ZONE, wine_session  # noqa: E402
 
-PRESETS = ["native", "sanitize", "memory", "arm", "layout", "desktop"]
+PRESETS = ["native", "sanitize", "memory", "arm", "layout", "desktop", "handheld"]
 
 # Programs and scripts that print "ok NAME", "skipped NAME: why" or "FAILED NAME: why" for each thing they check.
 CHECKS = sorted((ROOT / "tests").glob("*/check_*.py"))
@@ -83,9 +84,19 @@ def run_gtest(label, run, program, tally):
     print(f"{label} {program.stem}: {len(tests)} tests in {time.monotonic() - started:.1f} s", flush=True)
 
 
-def run_check(script, tally):
-    result = subprocess.run(["/usr/bin/python3", script], cwd=ROOT, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-                            text=True, timeout=LIMIT)
+def run_script(script):
+    return subprocess.run(["/usr/bin/python3", script], cwd=ROOT, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                          text=True, timeout=LIMIT)
+
+
+def run_checks(tally):
+    """Side by side: most wait for programs that they start."""
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        for script, result in zip(CHECKS, pool.map(run_script, CHECKS)):
+            count_check(script, result, tally)
+
+
+def count_check(script, result, tally):
     counted = 0
     for line in result.stdout.splitlines():
         outcome, _, name = line.partition(" ")
@@ -183,8 +194,7 @@ def main():
     tally = Tally()
     built = [preset for preset in presets if build(preset, tally)]
     if set(built) >= set(PRESETS):
-        for script in CHECKS:
-            run_check(script, tally)
+        run_checks(tally)
     run_portable(tally)
     if {"native", "arm"} <= set(built):
         run_instruction_guard(tally)

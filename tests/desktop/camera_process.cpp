@@ -92,6 +92,7 @@ CameraProcess::CameraProcess(const CameraOptions& options) {
     WriteProfile(options.settings);
     std::vector<std::pair<std::wstring, std::wstring>> variables = {{L"HANDHELD_ROOT", m_store.wstring()},
                                                                     {L"HANDHELD_LCID", L"1033"},
+                                                                    {L"HANDHELD_KEYPAD", L"off"},
                                                                     {L"HANDHELD_LOG", (m_folder / "log").wstring()},
                                                                     {L"HANDHELD_CARD", (m_folder / "card").wstring()}};
     variables.insert(variables.end(), options.variables.begin(), options.variables.end());

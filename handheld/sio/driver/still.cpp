@@ -54,7 +54,9 @@ bool takeStill(CCamera& camera, const StillRequest& request) {
     const uint32_t quality = request.quality < 3 ? request.quality : 0;
     const std::vector<uint8_t> file =
         encodeStill(picture, quality, size_t{mode->kilobytes} * 1024 << quality);
-    if (file.size() > handheld::StoreFreeBytes()) return fail(ERROR_DISK_FULL);
+    const auto used = handheld::MeasureStoredBytes();
+    if (!used) return false;
+    if (*used + file.size() > handheld::StoreTotalBytes()) return fail(ERROR_DISK_FULL);
     return writeFile(*path, file);
 }
 

@@ -11,10 +11,13 @@ constexpr wchar_t kProfile[] = L"Software\\Zel";
 constexpr wchar_t kSection[] = L"Software\\Zel\\Setting";
 constexpr char kReadFrame[] = "control 0x80000013";
 
-void WriteProfile(const std::vector<std::pair<std::wstring, DWORD>>& settings) {
+void WriteProfile(const CameraOptions& options) {
     RegDeleteTreeW(HKEY_CURRENT_USER, kProfile);
-    for (const auto& [name, value] : settings)
+    for (const auto& [name, value] : options.settings)
         RegSetKeyValueW(HKEY_CURRENT_USER, kSection, name.c_str(), REG_DWORD, &value, sizeof(value));
+    for (const auto& [name, text] : options.texts)
+        RegSetKeyValueW(HKEY_CURRENT_USER, kSection, name.c_str(), REG_SZ, text.c_str(),
+                        static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
 }
 
 // The block that CreateProcess wants: this process's variables less its HANDHELD_ ones, and the run's own.
@@ -89,7 +92,7 @@ CameraProcess::CameraProcess(const CameraOptions& options) {
     m_store = m_folder / "store";
     std::filesystem::create_directories(m_folder);
     SetCard(options.card);
-    WriteProfile(options.settings);
+    WriteProfile(options);
     std::vector<std::pair<std::wstring, std::wstring>> variables = {{L"HANDHELD_ROOT", m_store.wstring()},
                                                                     {L"HANDHELD_LCID", L"1033"},
                                                                     {L"HANDHELD_KEYPAD", L"off"},

@@ -16,6 +16,7 @@ struct CameraOptions {
     std::vector<std::pair<std::wstring, DWORD>> settings;          // profile values before the start
     std::string card;                                              // first content of the control file
     std::filesystem::path program;                                 // another copy of the program than the build's
+    std::vector<std::pair<std::wstring, std::wstring>> texts = {};  // profile texts before the start
 };
 
 class CameraProcess {

@@ -96,7 +96,7 @@ CameraProcess::CameraProcess(const CameraOptions& options) {
     std::vector<std::pair<std::wstring, std::wstring>> variables = {{L"HANDHELD_ROOT", m_store.wstring()},
                                                                     {L"HANDHELD_LCID", L"1033"},
                                                                     {L"HANDHELD_KEYPAD", L"off"},
-                                                                    {L"HANDHELD_LOG", (m_folder / "log").wstring()},
+                                                                    {L"HANDHELD_LOG", LogFile().wstring()},
                                                                     {L"HANDHELD_CARD", (m_folder / "card").wstring()}};
     variables.insert(variables.end(), options.variables.begin(), options.variables.end());
     std::wstring environment = EnvironmentBlock(variables);
@@ -162,7 +162,7 @@ void CameraProcess::SetCard(const std::string& words) const {
 
 std::vector<std::string> CameraProcess::Log() const {
     std::vector<std::string> lines;
-    std::ifstream log(m_folder / "log");
+    std::ifstream log(LogFile());
     for (std::string line; std::getline(log, line);) {
         if (!line.empty() && line.back() == '\r') line.pop_back();
         lines.push_back(line);

@@ -55,6 +55,7 @@ class CameraProcess {
 
     // The card's log so far.  `Calls` leaves out the frame requests.
     std::vector<std::string> Log() const;
+    std::filesystem::path LogFile() const { return m_folder / "log"; }
     std::vector<std::string> Calls() const;
     // The calls behind the first `before` ones, once there are `count` of them or the limit is reached.
     std::vector<std::string> CallsSince(size_t before, size_t count) const;

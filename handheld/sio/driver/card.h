@@ -29,7 +29,7 @@ class CCard {
 
     // Whether the card is in its slot; pulls it out or puts it back, until the control file changes.
     bool isIn() { return !(m_health.check() & kUnplugged); }
-    void move(bool in) { m_health.set(kUnplugged, !in); }
+    void move(bool in);
 
   private:
     struct Operation;

@@ -252,6 +252,13 @@ TEST_F(KeyPadAlone, PlayKeyAsksForTheViewer) {
     ASSERT_TRUE(WaitFor([&] { return (box = camera.MessageBox()) != nullptr; }));
     EXPECT_EQ(CameraProcess::MessageText(box), L"ERROR::\n Run korvoimgview.exe faile!");
     EXPECT_EQ(camera.CallsSince(before, 2), (Lines{kStop, "control 0x8000002B in 0 out 0"}));
+    // The card stays shut down, and the program can still be left.
+    CameraProcess::Press(box, IDOK);
+    ASSERT_TRUE(WaitFor([&] { return camera.MessageBox() == nullptr; }));
+    camera.Command(kExit);
+    EXPECT_TRUE(camera.WaitForEnd());
+    for (const std::string& call : camera.CallsSince(before, 4))
+        EXPECT_EQ(call.find("preview"), std::string::npos) << call;
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include "handheld/keypad/key_pad.h"
 
 #include "handheld/common/settings.h"
-#include "handheld/coredll/screen.h"
 #include "handheld/keypad/card_slot.h"
 #include "handheld/keypad/resource.h"
 

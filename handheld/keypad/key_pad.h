@@ -1,8 +1,8 @@
 // The handheld's hardware keys as a small window below its screen.
 //
-// A key goes down when the pen does and comes up when the pen leaves the pad's window of touch, as messages
-// of the keyboard to whatever the user works in.  The window never becomes the active one.  It has a thread
-// of its own, so that keys go down and up at the user's time also while the program is busy.
+// A key is down for as long as the pen is, and reaches whatever the user works in as the keyboard's messages
+// do.  The window never becomes the active one.  It has a thread of its own, so that keys go down and up at
+// the user's time also while the program is busy.
 #pragma once
 #include <windows.h>
 

@@ -138,6 +138,17 @@ bool CameraProcess::WaitForEnd(DWORD milliseconds) const {
     return WaitForSingleObject(m_process.hProcess, milliseconds) == WAIT_OBJECT_0;
 }
 
+bool CameraProcess::EndedInOrder() const {
+    DWORD code = 1;
+    return GetExitCodeProcess(m_process.hProcess, &code) && code == 0;
+}
+
+bool CameraProcess::ExitsInOrder() {
+    constexpr UINT kExit = 32827;
+    Command(kExit);
+    return WaitForEnd() && EndedInOrder();
+}
+
 HWND CameraProcess::MessageBox() const {
     Search search = {m_process.dwProcessId, m_screen, nullptr};
     EnumWindows(FindMessageBox, reinterpret_cast<LPARAM>(&search));
@@ -182,6 +193,13 @@ std::vector<std::string> CameraProcess::CallsSince(size_t before, size_t count) 
     WaitFor([&] { return Calls().size() >= before + count; });
     const std::vector<std::string> all = Calls();
     return {all.begin() + static_cast<ptrdiff_t>(std::min(before, all.size())), all.end()};
+}
+
+size_t CameraProcess::CountCalls(const std::string& beginning) const {
+    const std::vector<std::string> calls = Calls();
+    return static_cast<size_t>(std::count_if(calls.begin(), calls.end(), [&](const std::string& line) {
+        return line.compare(0, beginning.size(), beginning) == 0;
+    }));
 }
 
 size_t CameraProcess::Frames() const { return Log().size() - Calls().size(); }

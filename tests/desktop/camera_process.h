@@ -32,6 +32,10 @@ class CameraProcess {
 
     bool IsRunning() const;
     bool WaitForEnd(DWORD milliseconds = 20000) const;
+    // Whether it has ended with code 0.
+    bool EndedInOrder() const;
+    // Gives the Exit command and waits; whether that was an end in order.
+    bool ExitsInOrder();
     DWORD Id() const { return m_process.dwProcessId; }
     HANDLE Handle() const { return m_process.hProcess; }
 
@@ -59,6 +63,8 @@ class CameraProcess {
     std::vector<std::string> Calls() const;
     // The calls behind the first `before` ones, once there are `count` of them or the limit is reached.
     std::vector<std::string> CallsSince(size_t before, size_t count) const;
+    // How many of them begin with a text.
+    size_t CountCalls(const std::string& beginning) const;
     size_t Frames() const;
     bool WaitForFrames(size_t more) const;
 

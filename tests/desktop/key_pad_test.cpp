@@ -2,8 +2,6 @@
 // card.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "desktop/camera_process.h"
 #include "desktop/screen_picture.h"
 #include "handheld/keypad/pad_layout.h"
@@ -14,7 +12,7 @@ namespace fs = std::filesystem;
 using Lines = std::vector<std::string>;
 
 constexpr UINT kActionKey = 134, kMenuKey = 193, kPlayKey = 194, kZoomOutKey = 195, kZoomInKey = 196;
-constexpr UINT kZoomIn = 1605, kExit = 32827;
+constexpr UINT kZoomIn = 1605;
 constexpr char kStop[] = "control 0x80000017 in 0 out 0";
 constexpr char kReopenFailed[] = "open access 0xC0000000 share 0 failed";
 constexpr POINT kCard = {120, 97};
@@ -74,10 +72,6 @@ class KeyPad : public testing::Test {
         Touch(WM_LBUTTONDOWN, kCard);
         Touch(WM_LBUTTONUP, kCard);
     }
-    bool Called(const std::string& call) {
-        const Lines calls = camera.Calls();
-        return std::find(calls.begin(), calls.end(), call) != calls.end();
-    }
     fs::path FirstPicture() const { return camera.Store() / "My Documents" / "My Pictures" / "snap0001.jpg"; }
 
     CameraProcess camera;
@@ -134,15 +128,15 @@ TEST_F(KeyPad, AHeldKeyLooksPressed) {
 // Press and release are waiting before the commands are; of those behind the release it drops three.
 TEST_F(KeyPad, ActionKeyFlushesThreeMessages) {
     camera.SetCard("silent\nrefuse-still");
-    ASSERT_TRUE(WaitFor([&] { return Called("card silent"); }));
+    ASSERT_TRUE(WaitFor([&] { return camera.CountCalls("card silent") != 0; }));
     camera.Freeze();
     Press(kActionKey);
     for (int i = 0; i < 4; ++i) camera.Command(kZoomIn);
     camera.Thaw();
-    EXPECT_TRUE(WaitFor([&] { return Called(Preview(9)); }));
+    EXPECT_TRUE(WaitFor([&] { return camera.CountCalls(Preview(9)) != 0; }));
     camera.SetCard("");
     EXPECT_TRUE(camera.WaitForFrames(3));
-    EXPECT_FALSE(Called(Preview(17)));
+    EXPECT_EQ(camera.CountCalls(Preview(17)), 0u);
 }
 
 TEST_F(KeyPad, BesideTheKeysNothingHappens) {
@@ -172,7 +166,7 @@ TEST_F(KeyPad, ThePulledCardIsReopenedWhenItIsBack) {
     const ScreenPicture in(pad);
     MoveCard();
     EXPECT_TRUE(WaitFor([&] { return !(ScreenPicture(pad) == in); }));
-    ASSERT_TRUE(WaitFor([&] { return Called(kReopenFailed); }));
+    ASSERT_TRUE(WaitFor([&] { return camera.CountCalls(kReopenFailed) != 0; }));
     MoveCard();
     EXPECT_TRUE(camera.WaitForFrames(5));
     EXPECT_TRUE(WaitFor([&] { return ScreenPicture(pad) == in; }));
@@ -216,8 +210,7 @@ TEST_F(KeyPad, HidesAndComesBackWithTheScreen) {
 }
 
 TEST_F(KeyPad, GoesWithTheScreen) {
-    camera.Command(kExit);
-    EXPECT_TRUE(camera.WaitForEnd());
+    EXPECT_TRUE(camera.ExitsInOrder());
     EXPECT_FALSE(IsWindow(pad));
 }
 
@@ -255,8 +248,7 @@ TEST_F(KeyPadAlone, PlayKeyAsksForTheViewer) {
     // The card stays shut down, and the program can still be left.
     CameraProcess::Press(box, IDOK);
     ASSERT_TRUE(WaitFor([&] { return camera.MessageBox() == nullptr; }));
-    camera.Command(kExit);
-    EXPECT_TRUE(camera.WaitForEnd());
+    EXPECT_TRUE(camera.ExitsInOrder());
     for (const std::string& call : camera.CallsSince(before, 4))
         EXPECT_EQ(call.find("preview"), std::string::npos) << call;
 }

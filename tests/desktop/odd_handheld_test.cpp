@@ -8,7 +8,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr UINT kShutter = 1601, kExit = 32827;
+constexpr UINT kShutter = 1601;
 
 struct OddSetting {
     const wchar_t* name;
@@ -27,8 +27,7 @@ TEST_P(OddHandheld, RunsTheCamera) {
     camera.Command(kShutter);
     EXPECT_TRUE(WaitFor([] { return ProfileValue(L"jpgno", 0) == 2; }));
     EXPECT_TRUE(IsWholePicture(PicturePath(camera, 1)));
-    camera.Command(kExit);
-    EXPECT_TRUE(camera.WaitForEnd());
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -50,8 +49,7 @@ TEST(OddControlFile, IsReadAsFarAsItMakesSense) {
     EXPECT_TRUE(camera.WaitForFrames(3));
     camera.SetCard(std::string(3000000, 'x') + "\nunplugged");
     EXPECT_TRUE(camera.WaitForFrames(3));
-    camera.Command(kExit);
-    EXPECT_TRUE(camera.WaitForEnd());
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 // The handheld's own folder replaced by a file while the camera runs.
@@ -65,8 +63,7 @@ TEST(OddStore, AFileInThePlaceOfThePictureFolder) {
     EXPECT_TRUE(WaitFor([] { return ProfileValue(L"jpgno", 0) == 2; }));
     EXPECT_TRUE(camera.WaitForFrames(3));
     EXPECT_TRUE(ReadBytes(PictureFolder(camera)) == "a file");
-    camera.Command(kExit);
-    EXPECT_TRUE(camera.WaitForEnd());
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 TEST(OddStore, AFileInThePlaceOfMyDocumentsLeavesNoRoom) {
@@ -83,8 +80,7 @@ TEST(OddStore, AFileInThePlaceOfMyDocumentsLeavesNoRoom) {
     }));
     CameraProcess::Press(box, IDOK);
     EXPECT_TRUE(WaitFor([&] { return camera.MessageBox() == nullptr; }));
-    camera.Command(kExit);
-    EXPECT_TRUE(camera.WaitForEnd());
+    EXPECT_TRUE(camera.ExitsInOrder());
     EXPECT_TRUE(ReadBytes(camera.Store()) == "a file");
 }
 

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr UINT kShutter = 1601, kExit = 32827;
+constexpr UINT kShutter = 1601;
 constexpr size_t kMostBytes = 768008;       // longer files are not looked at
 constexpr RECT kArea = {45, 33, 195, 125};  // of the picture under review, clear of the readouts below
 
@@ -92,12 +92,7 @@ class ReviewOf : public testing::TestWithParam<ReviewFile> {
         ASSERT_TRUE(camera.WaitForFrames(3));
         camera.SetCard("refuse-still");
     }
-    size_t Stills() const {
-        const std::vector<std::string> calls = camera.Calls();
-        return static_cast<size_t>(std::count_if(calls.begin(), calls.end(), [](const std::string& line) {
-            return line.compare(0, 18, "control 0x80000007") == 0;
-        }));
-    }
+    size_t Stills() const { return camera.CountCalls("control 0x80000007"); }
     // Frames go on under the review, and the shutter rests.
     void ExpectReviewOf(bool shown) {
         camera.Command(kShutter);
@@ -109,14 +104,6 @@ class ReviewOf : public testing::TestWithParam<ReviewFile> {
             EXPECT_GT(MagentaPercent(camera), 95);
         else
             EXPECT_LT(MagentaPercent(camera), 5);
-    }
-    void ExpectOrderlyExit() {
-        EXPECT_EQ(camera.MessageBox(), nullptr);
-        camera.Command(kExit);
-        ASSERT_TRUE(camera.WaitForEnd());
-        DWORD code = 1;
-        GetExitCodeProcess(camera.Handle(), &code);
-        EXPECT_EQ(code, 0u);
     }
 
     CameraProcess camera{
@@ -131,7 +118,7 @@ TEST_P(ReviewOf, AFileThatIs) {
     WriteBytes(PicturePath(camera, 1), bytes);
     ExpectReviewOf(GetParam().shown);
     EXPECT_TRUE(ReadBytes(PicturePath(camera, 1)) == bytes);
-    ExpectOrderlyExit();
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 std::string NameOf(const testing::TestParamInfo<ReviewFile>& run) {
@@ -147,7 +134,7 @@ TEST_P(ReviewOfNothing, IsEmptyAndEnds) {
         camera.Command(kShutter);
         return Stills() > 1;
     }));
-    ExpectOrderlyExit();
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 INSTANTIATE_TEST_SUITE_P(Missing, ReviewOfNothing, testing::Values(ReviewFile{"file", nullptr, false}),

@@ -2,8 +2,6 @@
 // on.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "desktop/camera_process.h"
 #include "desktop/pictures.h"
 
@@ -13,9 +11,11 @@ namespace fs = std::filesystem;
 using Lines = std::vector<std::string>;
 using Settings = std::vector<std::pair<std::wstring, DWORD>>;
 
-constexpr UINT kShutter = 1601, kExit = 32827, kActionKey = 134;
+constexpr UINT kShutter = 1601, kActionKey = 134;
 constexpr wchar_t kNoSpace[] = L"Not enough space, can not take a snapshot!";
 constexpr wchar_t kTooLong[] = L"The folder and file name are too long, can not take a snapshot!";
+constexpr char kStill[] = "control 0x80000007";
+constexpr char kReopenFailed[] = "open access 0xC0000000 share 0 failed";
 constexpr DWORD kNotStored = 77777;
 
 // The smallest pictures, no review, no self-timer, but for what is given.
@@ -34,10 +34,7 @@ bool Starts(CameraProcess& camera) {
 }
 
 size_t Stills(const CameraProcess& camera) {
-    const Lines calls = camera.Calls();
-    return static_cast<size_t>(std::count_if(calls.begin(), calls.end(), [](const std::string& line) {
-        return line.compare(0, 18, "control 0x80000007") == 0;
-    }));
+    return camera.CountCalls(kStill);
 }
 
 bool TakeStill(CameraProcess& camera) {
@@ -48,14 +45,6 @@ bool TakeStill(CameraProcess& camera) {
 
 bool NextNumberIs(DWORD number) {
     return WaitFor([&] { return ProfileValue(L"jpgno", kNotStored) == number; });
-}
-
-void ExpectOrderlyExit(CameraProcess& camera) {
-    camera.Command(kExit);
-    ASSERT_TRUE(camera.WaitForEnd());
-    DWORD code = 1;
-    GetExitCodeProcess(camera.Handle(), &code);
-    EXPECT_EQ(code, 0u);
 }
 
 // The message that is open, answered with OK.
@@ -93,7 +82,7 @@ TEST_P(LittleRoom, TwoPicturesMustFit) {
         EXPECT_EQ(Stills(camera), 0u);
     }
     EXPECT_TRUE(camera.WaitForFrames(3));
-    ExpectOrderlyExit(camera);
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 INSTANTIATE_TEST_SUITE_P(ZeroOneAndTwo, LittleRoom,
@@ -113,7 +102,7 @@ TEST(FullStore, WaitingPressesOpenNoFurtherBox) {
     EXPECT_EQ(AnsweredMessage(camera), kNoSpace);
     ASSERT_TRUE(camera.WaitForFrames(3));
     EXPECT_EQ(camera.MessageBox(), nullptr);
-    ExpectOrderlyExit(camera);
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 TEST(FullStore, FilledDuringTheCountdownIsToldAtItsEnd) {
@@ -124,7 +113,7 @@ TEST(FullStore, FilledDuringTheCountdownIsToldAtItsEnd) {
     WriteBytes(camera.Store() / "filler", std::string(2100 * 1024, 'x'));
     EXPECT_EQ(AnsweredMessage(camera), kNoSpace);
     EXPECT_TRUE(FilesIn(PictureFolder(camera)).empty());
-    ExpectOrderlyExit(camera);
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 TEST(RefusedStill, TheNumberIsUsedUpAndNothingIsSaid) {
@@ -140,7 +129,7 @@ TEST(RefusedStill, TheNumberIsUsedUpAndNothingIsSaid) {
     ASSERT_TRUE(TakeStill(camera));
     EXPECT_TRUE(NextNumberIs(3));
     EXPECT_EQ(FilesIn(PictureFolder(camera)), (Lines{"snap0002.jpg"}));
-    ExpectOrderlyExit(camera);
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 // A card that could not be reopened: the shutter has nothing to talk to.
@@ -148,11 +137,7 @@ TEST(LostCard, TheShutterDoesNothingWhileTheCardIsClosed) {
     CameraProcess camera(Options());
     ASSERT_TRUE(Starts(camera));
     camera.SetCard("unplugged");
-    const std::string failed = "open access 0xC0000000 share 0 failed";
-    ASSERT_TRUE(WaitFor([&] {
-        const Lines calls = camera.Calls();
-        return std::find(calls.begin(), calls.end(), failed) != calls.end();
-    }));
+    ASSERT_TRUE(WaitFor([&] { return camera.CountCalls(kReopenFailed) != 0; }));
     camera.Command(kShutter);
     camera.SetCard("");
     ASSERT_TRUE(camera.WaitForFrames(3));
@@ -161,7 +146,7 @@ TEST(LostCard, TheShutterDoesNothingWhileTheCardIsClosed) {
     ASSERT_TRUE(TakeStill(camera));
     EXPECT_TRUE(NextNumberIs(2));
     EXPECT_TRUE(IsWholePicture(PicturePath(camera, 1)));
-    ExpectOrderlyExit(camera);
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 TEST(PulledCard, DuringTheCountdownEndsTheProgramWithoutAPicture) {
@@ -171,9 +156,7 @@ TEST(PulledCard, DuringTheCountdownEndsTheProgramWithoutAPicture) {
     ASSERT_TRUE(camera.WaitForFrames(3));
     camera.SetCard("unplugged");
     ASSERT_TRUE(camera.WaitForEnd());
-    DWORD code = 1;
-    GetExitCodeProcess(camera.Handle(), &code);
-    EXPECT_EQ(code, 0u);
+    EXPECT_TRUE(camera.EndedInOrder());
     EXPECT_TRUE(FilesIn(PictureFolder(camera)).empty());
 }
 
@@ -183,14 +166,11 @@ TEST(PulledCard, AndPutBackDuringTheCountdownStillTakesThePicture) {
     camera.Command(kShutter);
     ASSERT_TRUE(camera.WaitForFrames(3));
     camera.SetCard("unplugged");
-    ASSERT_TRUE(WaitFor([&] {
-        const Lines log = camera.Log();
-        return std::find(log.begin(), log.end(), "card unplugged") != log.end();
-    }));
+    ASSERT_TRUE(WaitFor([&] { return camera.CountCalls("card unplugged") != 0; }));
     camera.SetCard("");
     EXPECT_TRUE(NextNumberIs(2));
     EXPECT_TRUE(IsWholePicture(PicturePath(camera, 1)));
-    ExpectOrderlyExit(camera);
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 // The largest picture takes longest; the card goes as soon as its stream has been stopped for it.
@@ -228,14 +208,11 @@ TEST(PulledCard, DuringTheReviewKeepsThePicture) {
     ASSERT_TRUE(Starts(camera));
     ASSERT_TRUE(TakeStill(camera));
     camera.SetCard("unplugged");
-    ASSERT_TRUE(WaitFor([&] {
-        const Lines log = camera.Log();
-        return std::find(log.begin(), log.end(), "card unplugged") != log.end();
-    }));
+    ASSERT_TRUE(WaitFor([&] { return camera.CountCalls("card unplugged") != 0; }));
     camera.SetCard("");
     ASSERT_TRUE(camera.WaitForFrames(3));
     EXPECT_TRUE(IsWholePicture(PicturePath(camera, 1)));
-    ExpectOrderlyExit(camera);
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 TEST(PictureFolderGone, NumbersGoOnAndSoDoPicturesOnceItIsBack) {
@@ -250,7 +227,7 @@ TEST(PictureFolderGone, NumbersGoOnAndSoDoPicturesOnceItIsBack) {
     ASSERT_TRUE(TakeStill(camera));
     EXPECT_TRUE(NextNumberIs(3));
     EXPECT_EQ(FilesIn(PictureFolder(camera)), (Lines{"snap0002.jpg"}));
-    ExpectOrderlyExit(camera);
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 TEST(FileOfThatName, ReadOnlyStaysAsItIs) {
@@ -265,7 +242,7 @@ TEST(FileOfThatName, ReadOnlyStaysAsItIs) {
     EXPECT_TRUE(NextNumberIs(3));
     EXPECT_EQ(FilesIn(PictureFolder(camera)), (Lines{"snap0001.jpg", "snap0002.jpg"}));
     SetFileAttributesW(PicturePath(camera, 1).c_str(), FILE_ATTRIBUTE_NORMAL);
-    ExpectOrderlyExit(camera);
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 TEST(FileOfThatName, IsReplacedWhole) {
@@ -274,7 +251,7 @@ TEST(FileOfThatName, IsReplacedWhole) {
     WriteBytes(PicturePath(camera, 1), std::string(200000, 'x'));
     ASSERT_TRUE(TakeStill(camera));
     EXPECT_TRUE(IsWholePicture(PicturePath(camera, 1)));
-    ExpectOrderlyExit(camera);
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 TEST(FileOfThatName, AFolderStaysAsItIs) {
@@ -285,7 +262,7 @@ TEST(FileOfThatName, AFolderStaysAsItIs) {
     EXPECT_TRUE(NextNumberIs(2));
     EXPECT_TRUE(fs::exists(PicturePath(camera, 1) / "kept"));
     EXPECT_EQ(FilesIn(PictureFolder(camera)), (Lines{"snap0001.jpg"}));
-    ExpectOrderlyExit(camera);
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 struct Counter {
@@ -301,7 +278,7 @@ TEST_P(OddCounter, NamesAFileAndGoesOn) {
     ASSERT_TRUE(TakeStill(camera));
     EXPECT_TRUE(NextNumberIs(GetParam().next));
     EXPECT_EQ(FilesIn(PictureFolder(camera)), (Lines{GetParam().file}));
-    ExpectOrderlyExit(camera);
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, OddCounter,
@@ -331,7 +308,7 @@ TEST_P(LongPrefix, IsToldOnceItNoLongerFits) {
         EXPECT_EQ(FilesIn(PictureFolder(camera)), (Lines{std::string(GetParam(), 'p') + "0001.jpg"}));
     }
     EXPECT_TRUE(camera.WaitForFrames(3));
-    ExpectOrderlyExit(camera);
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 INSTANTIATE_TEST_SUITE_P(Lengths, LongPrefix, testing::Values(65, 66, 67, 500));
@@ -349,7 +326,7 @@ TEST_P(OddPrefix, LeadsNoPictureOutOfTheStore) {
     EXPECT_TRUE(NextNumberIs(2));
     EXPECT_TRUE(camera.WaitForFrames(3));
     EXPECT_EQ(FilesIn(above), before);
-    ExpectOrderlyExit(camera);
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, OddPrefix,

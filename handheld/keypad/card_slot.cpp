@@ -16,7 +16,7 @@ Entry DriverEntry(const char* name) {
 
 bool IsCardIn() {
     const auto ask = DriverEntry<BOOL(WINAPI*)()>("SIO_IsCardIn");
-    return ask && ask();
+    return !ask || ask();
 }
 
 void MoveCard(bool in) {

@@ -49,17 +49,21 @@ void CKeyPad::Follow() const {
 
 DWORD WINAPI CKeyPad::Run(void* parameter) {
     auto& pad = *static_cast<CKeyPad*>(parameter);
-    if (!pad.CreateIn(reinterpret_cast<HINSTANCE>(&__ImageBase))) return 1;
-    while (MsgWaitForMultipleObjects(1, &pad.m_stop, FALSE, INFINITE, QS_ALLINPUT) != WAIT_OBJECT_0) {
-        MSG message;
-        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
-    }
+    if (pad.Create()) pad.TakeMessages();
     if (HWND window = pad.m_window) DestroyWindow(window);
     DeleteObject(pad.m_picture);
     return 0;
 }
 
-bool CKeyPad::CreateIn(HINSTANCE module) {
+void CKeyPad::TakeMessages() const {
+    while (MsgWaitForMultipleObjects(1, &m_stop, FALSE, INFINITE, QS_ALLINPUT) != WAIT_OBJECT_0) {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+    }
+}
+
+bool CKeyPad::Create() {
+    const auto module = reinterpret_cast<HINSTANCE>(&__ImageBase);
     m_picture = static_cast<HBITMAP>(
         LoadImageW(module, MAKEINTRESOURCEW(IDB_KEY_PAD), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
     WNDCLASSW description = {};

@@ -7,7 +7,6 @@
 #include <windows.h>
 
 #include <atomic>
-#include <memory>
 
 #include "handheld/keypad/pad_layout.h"
 
@@ -30,7 +29,8 @@ class CKeyPad {
   private:
     static DWORD WINAPI Run(void* pad);
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    bool CreateIn(HINSTANCE module);
+    bool Create();
+    void TakeMessages() const;
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void Place() const;
     void Paint() const;

@@ -141,8 +141,10 @@ def run_fuzzers(tally):
     for preset in ("sanitize", "memory"):
         folder = ROOT / "build" / preset / "tests"
         with tempfile.TemporaryDirectory(prefix="zel-fuzz-") as corpus:
-            captured([folder / "make_fuzz_seeds", corpus])
-            for target in programs(preset, "fuzz_*"):
+            targets = programs(preset, "fuzz_*")
+            if targets:
+                captured([folder / "make_fuzz_seeds", corpus])
+            for target in targets:
                 run_command(f"{preset} {target.name} {FUZZ_RUNS} executions",
                             [target, f"-runs={FUZZ_RUNS}", "-seed=1", "-max_len=800", "-dict=tests/fuzz/jpeg.dict",
                              f"-artifact_prefix={corpus}/", f"{corpus}/{target.name}"], tally)

@@ -25,10 +25,10 @@ class Test {
 struct TestCase {
     const char* suite;
     const char* name;
-    Test* (*make)();
+    Test* (*make)(const char* name);
     TestCase* next = nullptr;  // in the order of their making
 
-    TestCase(const char* suiteName, const char* testName, Test* (*maker)());
+    TestCase(const char* suiteName, const char* testName, Test* (*maker)(const char*));
 };
 TestCase* FirstTest();
 
@@ -91,7 +91,7 @@ std::string Compared(const char* what, const Left& left, const Right& right) {
         void TestBody() override;                                                                        \
     };                                                                                                   \
     static ::testing::TestCase g_##suite##_##name(                                                       \
-        #suite, #name, []() -> ::testing::Test* { return new ZEL_TEST_CLASS(suite, name); });            \
+        #suite, #name, [](const char*) -> ::testing::Test* { return new ZEL_TEST_CLASS(suite, name); });            \
     void ZEL_TEST_CLASS(suite, name)::TestBody()
 #define TEST(suite, name) ZEL_TEST(suite, name, ::testing::Test)
 #define TEST_F(suite, name) ZEL_TEST(suite, name, suite)

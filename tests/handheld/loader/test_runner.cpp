@@ -17,7 +17,7 @@ TestCase** g_last = &g_first;
 
 }  // namespace
 
-TestCase::TestCase(const char* suiteName, const char* testName, Test* (*maker)())
+TestCase::TestCase(const char* suiteName, const char* testName, Test* (*maker)(const char*))
     : suite(suiteName), name(testName), make(maker) {
     *g_last = this;
     g_last = &next;
@@ -59,7 +59,8 @@ constexpr uint32_t kSecondsForATest = 60;
 constexpr int kSkipped = 2;  // a child's exit code
 
 void RunBody(void* test) {
-    testing::Test* const body = static_cast<testing::TestCase*>(test)->make();
+    const auto& made = *static_cast<testing::TestCase*>(test);
+    testing::Test* const body = made.make(made.name);
     body->Run();
     delete body;
 }

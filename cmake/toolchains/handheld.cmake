@@ -47,7 +47,7 @@ set(ZEL_LIBGCC ${libgcc})
 
 set(CMAKE_RC_COMPILE_OBJECT "<CMAKE_RC_COMPILER> -O coff <DEFINES> <INCLUDES> <FLAGS> <SOURCE> <OBJECT>")
 
-# The program is linked by a tool of this tree, which reads what it needs from the file names alone.
+# The program is linked by a tool of this tree; options for a compiler's linking step mean nothing to it.
 get_filename_component(linker_folder ${here}/../../tools/handheld ABSOLUTE)
 get_filename_component(exports ${here}/../../platform/exports ABSOLUTE)
 set(CMAKE_CXX_LINK_EXECUTABLE

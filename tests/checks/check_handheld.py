@@ -36,11 +36,15 @@ LATER = [
     (0x0FFFFFF0, 0x012FFF10, "bx"), (0x0FFFFFF0, 0x012FFF20, "bxj"), (0x0FFFFFF0, 0x012FFF30, "blx"),
     (0xFE000000, 0xFA000000, "blx"), (0x0FFF0FF0, 0x016F0F10, "clz"), (0xFFF000F0, 0xE1200070, "bkpt"),
     (0x0F9000F0, 0x01000050, "qadd"), (0x0F900090, 0x01000080, "smla"), (0x0E1000D0, 0x000000D0, "ldrd or strd"),
-    (0x0FF00000, 0x03000000, "movw"), (0x0FF00000, 0x03400000, "movt"), (0x0F000010, 0x06000010, "a media instruction"),
+    (0x0FF00000, 0x03000000, "movw"), (0x0FF00000, 0x03400000, "movt"), (0x0FFFF000, 0x0320F000, "a hint"), (0x0F000010, 0x06000010, "a media instruction"),
     (0x0FF000F0, 0x00600090, "mls"), (0x0FF000F0, 0x00400090, "umaal"), (0x0F8000F0, 0x01800090, "ldrex or strex"),
     (0x0C000000, 0x0C000000, "a coprocessor instruction or swi"), (0xF0000000, 0xF0000000, "an unconditional instruction")]
 
-# Library function that computes with fractions -> functions that may call it, by their names' beginnings.
+# Calls with results of 16 bits: what their jumps do to the result, to the left and back, with the sign or without.
+NARROW = {"RegisterClassW": (0xE1A00800, 0xE1A00820), "GetKeyState": (0xE1A00800, 0xE1A00840),
+          "GetAsyncKeyState": (0xE1A00800, 0xE1A00840)}
+
+# The compiler's functions that compute with fractions, and who may call them, by the beginnings of their names.
 FRACTIONS = re.compile(r"__aeabi_(c?[df]\w+|u?[il]2[df])$|__\w+[ds]f[23]?$|__fix\w+|__float\w+|ldexp$")
 MAY_USE_FRACTIONS = ("PicturesIn(",)
 
@@ -129,13 +133,22 @@ def check_instructions(code):
 
 
 def check_fractions(code):
-    used = 0
-    for caller, callee in set(code.calls()):
-        if not FRACTIONS.match(callee) or FRACTIONS.match(caller):
-            continue
-        used += 1
-        if not demangled(caller).startswith(MAY_USE_FRACTIONS):
+    for caller, callee in sorted(set(code.calls())):
+        inside = FRACTIONS.match(caller) or not FRACTIONS.match(callee)
+        if not inside and not demangled(caller).startswith(MAY_USE_FRACTIONS):
             yield f"{demangled(caller)} calls {callee}"
+
+
+def check_narrow_results(image, elf):
+    addresses = {name: begin for begin, _, name in elf.functions()}
+    text, start = elf.section(".text").data, elf.section(".text").address
+    used = [name for _, name, _ in image.imports() if name in NARROW]
+    for name in used:
+        jump = text[addresses[name] - start:addresses[name] - start + 32]
+        if struct.pack("<II", *NARROW[name]) not in jump:
+            yield f"{name} comes back with whatever stands above its 16 bits"
+    if not used:
+        yield "none is called any more"
 
 
 def check_same_code(elf, image):
@@ -202,6 +215,7 @@ def main():
     report("imports", check_imports(image))
     report("instructions are ARMv4", check_instructions(code))
     report("no floating point on the frames' path", check_fractions(code))
+    report("narrow results are widened", check_narrow_results(image, elf))
     report("code is the code with names", check_same_code(elf, image))
     report("resources are the desktop's", check_resources(image, desktop))
     report("sizes", check_sizes(image))

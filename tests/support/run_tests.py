@@ -14,13 +14,14 @@ import time
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
 from wine_session import ROOT, TEST_ZONE, wine_session  # noqa: E402
 
-PRESETS = ["native", "sanitize", "arm", "layout", "desktop", "handheld"]
+PRESETS = ["native", "sanitize", "memory", "arm", "layout", "desktop", "handheld"]
 
 # Programs and scripts that print "ok NAME", "skipped NAME: why" or "FAILED NAME: why" for each thing they check.
-CHECKS = sorted((ROOT / "tests" / "checks").glob("check_*.py"))
+CHECKS = sorted((ROOT / "tests").glob("*/check_*.py"))
 
 GOLDEN = "tests/golden/decoder.txt"
-FUZZ_RUNS = 20000
+FUZZ_RUNS = 50000
+HOSTILE_SHARE = {"native": 1, "sanitize": 40}  # every n-th of the damaged streams
 LIMIT = 900  # seconds for one test program
 
 
@@ -136,18 +137,26 @@ def run_golden(preset, launcher, tally, environment=None):
 
 def run_fuzzers(tally):
     """A bounded run of each target; a fixed seed makes it the same every time."""
-    folder = ROOT / "build" / "sanitize" / "tests"
-    maker = folder / "make_fuzz_seeds"
-    for target in sorted(folder.glob("fuzz_*")):
+    for preset in ("sanitize", "memory"):
+        folder = ROOT / "build" / preset / "tests"
         with tempfile.TemporaryDirectory(prefix="zel-fuzz-") as corpus:
-            captured([maker, corpus])
-            run_command(f"sanitize {target.name} {FUZZ_RUNS} executions",
-                        [target, f"-runs={FUZZ_RUNS}", "-seed=1", f"-artifact_prefix={corpus}/", corpus], tally)
+            captured([folder / "make_fuzz_seeds", corpus])
+            for target in programs(preset, "fuzz_*"):
+                run_command(f"{preset} {target.name} {FUZZ_RUNS} executions",
+                            [target, f"-runs={FUZZ_RUNS}", "-seed=1", "-max_len=800", "-dict=tests/fuzz/jpeg.dict",
+                             f"-artifact_prefix={corpus}/", f"{corpus}/{target.name}"], tally)
+
+
+def run_hostile(tally):
+    for preset, share in HOSTILE_SHARE.items():
+        for program in programs(preset, "hostile_decoder"):
+            run_command(f"{preset} hostile decodes", [program, "--every", str(share)], tally)
 
 
 def run_portable(tally):
     for preset, launcher in (("native", []), ("sanitize", []), ("arm", ["qemu-arm"])):
         run_golden(preset, launcher, tally)
+    run_hostile(tally)
     run_fuzzers(tally)
     for program in programs("native", "unit_*"):
         run_gtest("native", lambda path, options: captured([path, *options]), program, tally)

@@ -9,7 +9,7 @@ import struct
 
 # Calls whose result is 16 bits wide: the handheld's libraries leave anything above them, the compiler trusts that they do
 # not.  These get a jump that comes back and clears (or fills, for signed ones) what is above.
-NARROW_RESULTS = {"FindAtomW": "lsr", "GetAsyncKeyState": "asr", "GetKeyState": "asr", "GetSystemDefaultLangID": "lsr",
+NARROW_RESULTS = {"GetAsyncKeyState": "asr", "GetKeyState": "asr", "GetSystemDefaultLangID": "lsr",
                   "GetUserDefaultLangID": "lsr", "GlobalAddAtomW": "lsr", "GlobalDeleteAtom": "lsr",
                   "GlobalFindAtomW": "lsr", "RegisterClassW": "lsr", "fgetwc": "lsr", "towlower": "lsr", "towupper": "lsr"}
 

@@ -52,10 +52,12 @@ def link_objects(options, exports, files):
     imports_object = options.output.with_suffix(".imports.o")
     run(TOOL + "as", "-march=armv4", "-meabi=5", "-o", imports_object, source)
     linked = options.output.with_suffix(".elf")
-    # Symbols that stay open are named below, with their users; relocations are kept for the base relocations.
+    # Symbols that stay open are named later, with their users; relocations are kept for the base relocations; a section
+    # without a place in the script is no part of the image.
     run(TOOL + "ld", "-T", SCRIPT, "--gc-sections", "--fix-v4bx", "--emit-relocs", "--unresolved-symbols=ignore-all",
-        "--no-enum-size-warning", "--no-wchar-size-warning", "--no-warn-execstack", "--fatal-warnings", "-Map", options.output.with_suffix(".map"),
-        "-o", linked, "--start-group", *files, options.libgcc, "--end-group", imports_object)
+        "--orphan-handling=error", "--fatal-warnings", "--no-enum-size-warning", "--no-wchar-size-warning",
+        "--no-warn-execstack", "-Map", options.output.with_suffix(".map"), "-o", linked,
+        "--start-group", *files, options.libgcc, "--end-group", imports_object)
     return linked
 
 

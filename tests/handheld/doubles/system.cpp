@@ -69,6 +69,10 @@ HICON WINAPI LoadIconW(HINSTANCE, LPCWSTR) {
     return nullptr;
 }
 
+BOOL WINAPI IsWindow(HWND) {
+    return FALSE;
+}
+
 // A handheld whose resources cannot be found: a program without its screen.
 HRSRC WINAPI FindResourceW(HMODULE, LPCWSTR, LPCWSTR) {
     RecordCall("find resource");

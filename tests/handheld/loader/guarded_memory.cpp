@@ -8,6 +8,7 @@ constexpr uint32_t kHeapBytes = 0x20000000;
 constexpr uint32_t kMostBlocks = 0x40000;
 constexpr uint32_t kAlignment = 4;  // of every record that the handheld's convention knows
 constexpr uint8_t kSlack = 0xA5;
+constexpr uint32_t kStackGuard = 0x10000;  // wider than any frame, which may be entered at its far end
 
 struct Block {
     uint32_t start, bytes;
@@ -97,8 +98,8 @@ uint32_t GuardedBlocksInUse() {
 
 GuardedStack::GuardedStack(uint32_t bytes) : m_bytes(PagesOf(bytes)) {
     auto* const guard =
-        static_cast<uint8_t*>(sys::Map(0, m_bytes + 2 * sys::kPage, sys::kNone, sys::Sharing::withChildren));
-    m_bottom = guard + sys::kPage;
+        static_cast<uint8_t*>(sys::Map(0, m_bytes + 2 * kStackGuard, sys::kNone, sys::Sharing::withChildren));
+    m_bottom = guard + kStackGuard;
     if (guard == nullptr || !sys::Protect(m_bottom, m_bytes, sys::kReadWrite)) Stop(Line() << "no memory for a stack");
     g_stackBottom = reinterpret_cast<uint32_t>(m_bottom);
     g_stackBytes = m_bytes;
@@ -129,11 +130,11 @@ uint32_t GuardedStack::Used() const {
 }
 
 bool DescribeGuarded(uint32_t address, Line& line) {
-    if (address >= g_stackBottom - sys::kPage && address < g_stackBottom) {
+    if (address >= g_stackBottom - kStackGuard && address < g_stackBottom) {
         line << "below the stack of " << g_stackBytes << " bytes";
         return true;
     }
-    if (address >= g_stackBottom + g_stackBytes && address < g_stackBottom + g_stackBytes + sys::kPage) {
+    if (address >= g_stackBottom + g_stackBytes && address < g_stackBottom + g_stackBytes + kStackGuard) {
         line << "above the stack";
         return true;
     }

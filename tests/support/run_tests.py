@@ -12,6 +12,7 @@ import tempfile
 import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
+import instruction_guard  # noqa: E402
 from wine_session import ROOT, TEST_ZONE, wine_session  # noqa: E402
 
 PRESETS = ["native", "sanitize", "memory", "arm", "layout", "desktop", "handheld"]
@@ -166,6 +167,15 @@ def run_portable(tally):
         run_gtest("arm", lambda path, options: captured(["qemu-arm", path, *options]), program, tally)
 
 
+def run_instruction_guard(tally):
+    try:
+        for name, problem in instruction_guard.check():
+            tally.add(name, "failed" if problem else "ok", problem)
+    except (OSError, subprocess.SubprocessError, ValueError) as error:
+        tally.add("instruction counts", "failed", str(error))
+    print("instruction counts compared", flush=True)
+
+
 def run_desktop(tally):
     with wine_session() as wine:
         def run(path, options):
@@ -186,6 +196,8 @@ def main():
     if set(built) >= set(PRESETS):
         run_checks(tally)
     run_portable(tally)
+    if {"native", "arm"} <= set(built):
+        run_instruction_guard(tally)
     if "desktop" in built:
         run_desktop(tally)
     for name in tally.failures:

@@ -84,7 +84,7 @@ def grown(first, last):
 
 
 def main():
-    parser = argparse.ArgumentParser(prog="bench/soak.py", description=__doc__)
+    parser = argparse.ArgumentParser(prog="benchmarks/soak.py", description=__doc__)
     parser.add_argument("--frames", type=int, default=100000, help="frames to read (default: 100000)")
     parser.add_argument("--every", type=int, default=10000, help="frames between samples (default: 10000)")
     parser.add_argument("--size", choices=list(SIZES), action="append", help="only this video size (default: both)")

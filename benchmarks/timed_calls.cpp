@@ -1,7 +1,7 @@
 // Timed doubles of the calls that a frame goes through.  The linker puts each in the place of the program's
 // function (--wrap in CMakeLists.txt) and gives the function itself another name; a method is a function of
 // its object.
-#include "bench/frame_times.h"
+#include "benchmarks/frame_times.h"
 #include "liveview/canvas.h"
 #include "liveview/frame_arrival.h"
 

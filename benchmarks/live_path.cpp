@@ -8,7 +8,7 @@
 #include <iterator>
 
 #include "app/camera_app.h"
-#include "bench/frame_times.h"
+#include "benchmarks/frame_times.h"
 #include "device/control_codes.h"
 #include "liveview/live_view_window.h"
 #include "resources/resource.h"

@@ -1,9 +1,9 @@
-#include "bench/frame_times.h"
+#include "benchmarks/frame_times.h"
 
 #include <algorithm>
 #include <cstdio>
 
-#include "bench/thread_clock.h"
+#include "benchmarks/thread_clock.h"
 
 namespace {
 

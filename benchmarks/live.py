@@ -97,7 +97,7 @@ def print_rates(wine, seconds):
 
 
 def main():
-    parser = argparse.ArgumentParser(prog="bench/live.py", description=__doc__)
+    parser = argparse.ArgumentParser(prog="benchmarks/live.py", description=__doc__)
     parser.add_argument("--frames", type=int, default=600, help="frames timed of each stream (default: 600)")
     parser.add_argument("--seconds", type=int, default=20, help="how long each rate is watched (default: 20)")
     options = parser.parse_args()

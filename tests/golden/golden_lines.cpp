@@ -63,8 +63,9 @@ std::vector<std::string> goldenLines(const std::string& picture, const jpeg::Sca
         lines.push_back(picture + " stream " + std::to_string(stream.size()) + " " + hashOf(stream));
         for (int32_t mode = 1; mode <= 14; ++mode) {
             const Decoded decoded = runDecode(*context, mode, stream);
-            lines.push_back(picture + " mode " + std::to_string(mode) + " code " + std::to_string(decoded.code) +
-                            " bytes " + std::to_string(decoded.picture.size()) + " " + hashOf(decoded.picture));
+            lines.push_back(picture + " mode " + std::to_string(mode) + " code " +
+                            std::to_string(decoded.code) + " bytes " +
+                            std::to_string(decoded.picture.size()) + " " + hashOf(decoded.picture));
         }
     }
     return lines;

@@ -1,5 +1,5 @@
-// Each of these does something that must not pass; check_image.py sees that it is stopped and with which sentence.
-// They run only when asked for.
+// Each of these does something that must not pass; check_image.py sees that it is stopped and with which
+// sentence. They run only when asked for.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -12,7 +12,8 @@
 #include "support/decode_run.h"
 #include "support/picture_encoder.h"
 
-void FillScreen(struct HWND__* window, unsigned long flags);  // framework/dialog_placement.h, without its headers
+void FillScreen(struct HWND__* window,
+                unsigned long flags);  // framework/dialog_placement.h, without its headers
 
 namespace {
 
@@ -51,7 +52,8 @@ TEST_F(Deliberate, TheStackIsTooSmall) {
 
 TEST_F(Deliberate, ARecordLiesAmongTheConstants) {
     auto* const constants = reinterpret_cast<uint8_t*>(FindInImage("kKeyPictureNumber").address);
-    StorePictureNumber(*reinterpret_cast<CameraSettings*>(constants - offsetof(CameraSettings, jpgNo)), {}, 1);
+    StorePictureNumber(*reinterpret_cast<CameraSettings*>(constants - offsetof(CameraSettings, jpgNo)), {},
+                       1);
 }
 
 TEST_F(Deliberate, ARecordLiesInTheCode) {
@@ -70,6 +72,7 @@ TEST_F(Deliberate, AnImportHasNoDouble) {
 TEST_F(Deliberate, ARecordIsMisaligned) {
     alignas(4) uint8_t room[sizeof(ScreenState) + 4] = {};
     auto& screen = *reinterpret_cast<ScreenState*>(room + 2);
+    screen.countdownRunning = true;
     AdvanceCountdown(screen, 0, 0);
 }
 

@@ -1,4 +1,5 @@
-// The decoder of the image against the golden list: every picture, in every mode, by every engine that it has.
+// The decoder of the image against the golden list: every picture, in every mode, by every engine that it
+// has.
 #include "golden/golden_lines.h"
 
 #include <gtest/gtest.h>
@@ -49,7 +50,8 @@ class GoldenTest : public testing::Test {
 const bool g_made = [] {
     for (const std::string& picture : goldenPictures()) {
         const auto* const name = (new std::string(picture))->c_str();  // as long-lived as its test
-        new testing::TestCase("Golden", name, [](const char* of) -> testing::Test* { return new GoldenTest(of); });
+        new testing::TestCase("Golden", name,
+                              [](const char* of) -> testing::Test* { return new GoldenTest(of); });
     }
     return true;
 }();

@@ -1,5 +1,6 @@
-// Functions that the compiler inlined away in the image, each reached through one that it kept, so that it is still the
-// image's code that answers. Where the image has the function itself, that one is called (link_loader.py prefers it).
+// Functions that the compiler inlined away in the image, each reached through one that it kept, so that it is
+// still the image's code that answers. Where the image has the function itself, that one is called
+// (link_loader.py prefers it).
 #include <cstdlib>
 
 #include "capture/still_rules.h"
@@ -69,11 +70,14 @@ INLINED jpeg::ScanEngineList jpeg::scanEngines() {
 }
 
 // Only prepares what the image reads.
-INLINED bool WriteProfileText(const Profile&, const wchar_t* section, const wchar_t* name, const wchar_t* text) {
+INLINED bool WriteProfileText(const Profile&, const wchar_t* section, const wchar_t* name,
+                              const wchar_t* text) {
     constexpr uint32_t kText = 1;
     const std::wstring value(text);
     const auto* const bytes = reinterpret_cast<const uint8_t*>(value.c_str());
-    RegistryValues().push_back({L"Software\\Zel\\" + std::wstring(section), name, kText,
+    RegistryValues().push_back({L"Software\\Zel\\" + std::wstring(section),
+                                name,
+                                kText,
                                 {bytes, bytes + (value.size() + 1) * sizeof(wchar_t)}});
     return true;
 }

@@ -1,4 +1,5 @@
-// A still picture from the shutter to the file: the image's own code, down to the 220 bytes that the card is given.
+// A still picture from the shutter to the file: the image's own code, down to the 220 bytes that the card is
+// given.
 #include "capture/still_capture.h"
 
 #include <gtest/gtest.h>
@@ -76,14 +77,16 @@ TEST_F(StillRequestTest, EveryByteOfTheRequestIsAsTheDriverReadsIt) {
     }
     expected.resize(216);
     const uint32_t module = TheImage().base;
-    for (uint32_t shift = 0; shift < 32; shift += 8) expected.push_back(static_cast<uint8_t>(module >> shift));
+    for (uint32_t shift = 0; shift < 32; shift += 8)
+        expected.push_back(static_cast<uint8_t>(module >> shift));
     EXPECT_EQ(TheCard().stillRequest, expected);
 }
 
 TEST_F(StillRequestTest, ThePreviewStopsAndComesBackAroundIt) {
     settings.aviResolution = 0;
     Take();
-    EXPECT_EQ(driver.calls, (Calls{"control 80000017 in=0", "control 80000007 in=220", "control 8000000F in=4", "pause 25"}));
+    EXPECT_EQ(driver.calls, (Calls{"control 80000017 in=0", "control 80000007 in=220",
+                                   "control 8000000F in=4", "pause 25"}));
 }
 
 TEST_F(StillRequestTest, TheNextNumberIsStoredAndNamesTheNextPicture) {
@@ -109,7 +112,8 @@ TEST_F(StillRequestTest, ZoomAndResolutionChooseTheMode) {
         uint32_t zoom, selector;
         int32_t resolution;
         uint8_t mode;
-    } rows[] = {{0, 2, 0, 0}, {0, 2, 1, 1}, {0, 2, 2, 2}, {0, 2, 3, 4}, {1, 2, 0, 7}, {1, 3, 0, 8}, {2, 2, 0, 17}};
+    } rows[] = {{0, 2, 0, 0}, {0, 2, 1, 1}, {0, 2, 2, 2}, {0, 2, 3, 4},
+                {1, 2, 0, 7}, {1, 3, 0, 8}, {2, 2, 0, 17}};
     for (const auto& row : rows) {
         screen.zoom = row.zoom;
         screen.zoomedSizeSelector = row.selector;

@@ -53,8 +53,8 @@ CardDouble& TheCard() {
 
 extern "C" {
 
-HANDLE WINAPI CreateFileW(LPCWSTR name, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES, DWORD disposition, DWORD,
-                          HANDLE) {
+HANDLE WINAPI CreateFileW(LPCWSTR name, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES, DWORD disposition,
+                          DWORD, HANDLE) {
     const bool readsAndWrites = access == (GENERIC_READ | GENERIC_WRITE) && disposition == OPEN_EXISTING;
     RecordCall(std::wstring(name) == L"SIO1:" && readsAndWrites ? "open share=" + std::to_string(share)
                                                                 : "open of something else");
@@ -66,8 +66,8 @@ BOOL WINAPI CloseHandle(HANDLE handle) {
     return TRUE;
 }
 
-BOOL WINAPI DeviceIoControl(HANDLE, DWORD code, LPVOID input, DWORD inputSize, LPVOID output, DWORD outputSize,
-                            LPDWORD returned, LPOVERLAPPED) {
+BOOL WINAPI DeviceIoControl(HANDLE, DWORD code, LPVOID input, DWORD inputSize, LPVOID output,
+                            DWORD outputSize, LPDWORD returned, LPOVERLAPPED) {
     RecordCall("control " + HexOf(code) + " in=" + std::to_string(inputSize) +
                (outputSize != 0 ? " out=" + std::to_string(outputSize) : ""));
     NoteInput(code, input, inputSize);

@@ -5,7 +5,7 @@
 
 struct CardDouble {
     std::vector<uint8_t> stillRequest;  // the last one, as many bytes as were handed over
-    std::vector<uint8_t> picture;       // what the card writes into the file that a request names; empty: nothing
+    std::vector<uint8_t> picture;  // what the card writes into the file that a request names; empty: nothing
 };
 
 CardDouble& TheCard();

@@ -68,7 +68,8 @@ BOOL WINAPI CreateDirectoryW(LPCWSTR path, LPSECURITY_ATTRIBUTES) {
 }
 
 BOOL WINAPI DeleteFileW(LPCWSTR path) {
-    const auto file = std::find_if(g_files.begin(), g_files.end(), [&](const StoredFile& it) { return it.path == path; });
+    const auto file =
+        std::find_if(g_files.begin(), g_files.end(), [&](const StoredFile& it) { return it.path == path; });
     if (file == g_files.end()) return FALSE;
     g_files.erase(file);
     return TRUE;
@@ -87,7 +88,10 @@ int fclose(FILE* file) {
 
 int fseek(FILE* file, long offset, int origin) {
     OpenStoredFile& opened = Opened(file);
-    opened.at = (origin == SEEK_END ? opened.file->bytes.size() : origin == SEEK_CUR ? opened.at : 0) + offset;
+    opened.at = (origin == SEEK_END   ? opened.file->bytes.size()
+                 : origin == SEEK_CUR ? opened.at
+                                      : 0) +
+                offset;
     return 0;
 }
 

@@ -62,8 +62,8 @@ LONG WINAPI RegOpenKeyExW(HKEY root, LPCWSTR path, DWORD, REGSAM, PHKEY key) {
     return ERROR_FILE_NOT_FOUND;
 }
 
-LONG WINAPI RegCreateKeyExW(HKEY root, LPCWSTR path, DWORD, LPWSTR, DWORD, REGSAM, LPSECURITY_ATTRIBUTES, PHKEY key,
-                            LPDWORD) {
+LONG WINAPI RegCreateKeyExW(HKEY root, LPCWSTR path, DWORD, LPWSTR, DWORD, REGSAM, LPSECURITY_ATTRIBUTES,
+                            PHKEY key, LPDWORD) {
     if (root != HKEY_CURRENT_USER || path[0] == L'\\') return ERROR_INVALID_PARAMETER;
     *key = Opened(path);
     return ERROR_SUCCESS;

@@ -37,7 +37,8 @@ void WINAPI Sleep(DWORD milliseconds) {
     g_system.ticks += milliseconds;
 }
 
-HANDLE WINAPI CreateThread(LPSECURITY_ATTRIBUTES, SIZE_T, LPTHREAD_START_ROUTINE body, LPVOID argument, DWORD, LPDWORD) {
+HANDLE WINAPI CreateThread(LPSECURITY_ATTRIBUTES, SIZE_T, LPTHREAD_START_ROUTINE body, LPVOID argument, DWORD,
+                           LPDWORD) {
     g_system.threads.push_back({body, argument});
     return reinterpret_cast<HANDLE>(0x7EAD);
 }

@@ -10,8 +10,8 @@ struct StartedThread {
 };
 
 struct SystemDouble {
-    uint32_t ticks = 0;                  // milliseconds; a sleep moves them on
-    std::vector<StartedThread> threads;  // started, but run only when a test does
+    uint32_t ticks = 0;                    // milliseconds; a sleep moves them on
+    std::vector<StartedThread> threads;    // started, but run only when a test does
     std::function<void(uint32_t)> onExit;  // what the end of the first thread leads to
 };
 

@@ -35,11 +35,21 @@ TestCase* FirstTest();
 std::string Decimal(uint64_t magnitude, bool negative);
 std::string Quoted(const std::wstring& text);
 
-inline std::string Shown(const std::string& text) { return '"' + text + '"'; }
-inline std::string Shown(const char* text) { return Shown(std::string(text)); }
-inline std::string Shown(const std::wstring& text) { return Quoted(text); }
-inline std::string Shown(const wchar_t* text) { return Quoted(text); }
-inline std::string Shown(std::nullptr_t) { return "null"; }
+inline std::string Shown(const std::string& text) {
+    return '"' + text + '"';
+}
+inline std::string Shown(const char* text) {
+    return Shown(std::string(text));
+}
+inline std::string Shown(const std::wstring& text) {
+    return Quoted(text);
+}
+inline std::string Shown(const wchar_t* text) {
+    return Quoted(text);
+}
+inline std::string Shown(std::nullptr_t) {
+    return "null";
+}
 template <typename Value>
 std::string Shown(const Value& value);
 template <typename Value>
@@ -55,7 +65,10 @@ std::string Shown(const Value& value) {
     } else if constexpr (std::is_integral_v<Value>) {
         const bool negative = value < 0;
         const auto wide = static_cast<uint64_t>(static_cast<int64_t>(value));
-        return Decimal(negative ? 0 - wide : std::is_signed_v<Value> ? wide : static_cast<uint64_t>(value), negative);
+        return Decimal(negative                  ? 0 - wide
+                       : std::is_signed_v<Value> ? wide
+                                                 : static_cast<uint64_t>(value),
+                       negative);
     } else if constexpr (std::is_pointer_v<Value>) {
         return "address " + Decimal(reinterpret_cast<uintptr_t>(value), false);
     } else {
@@ -91,16 +104,17 @@ std::string Compared(const char* what, const Left& left, const Right& right) {
         void TestBody() override;                                                                        \
     };                                                                                                   \
     static ::testing::TestCase g_##suite##_##name(                                                       \
-        #suite, #name, [](const char*) -> ::testing::Test* { return new ZEL_TEST_CLASS(suite, name); });            \
+        #suite, #name, [](const char*) -> ::testing::Test* { return new ZEL_TEST_CLASS(suite, name); }); \
     void ZEL_TEST_CLASS(suite, name)::TestBody()
 #define TEST(suite, name) ZEL_TEST(suite, name, ::testing::Test)
 #define TEST_F(suite, name) ZEL_TEST(suite, name, suite)
 
 // The values are bound by reference and looked at once, as their making may have effects.
 #define ZEL_COMPARE(left, sign, right)                                                                   \
-    if (const auto zelFailed = [](const auto& a, const auto& b) {                                        \
-            return a sign b ? std::string() : ::testing::Compared(#left " " #sign " " #right, a, b);     \
-        }((left), (right));                                                                              \
+    if (const auto zelFailed =                                                                           \
+            [](const auto& a, const auto& b) {                                                           \
+                return a sign b ? std::string() : ::testing::Compared(#left " " #sign " " #right, a, b); \
+            }((left), (right));                                                                          \
         zelFailed.empty())                                                                               \
         ;                                                                                                \
     else                                                                                                 \

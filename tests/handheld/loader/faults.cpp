@@ -26,6 +26,9 @@ void OnFault(int signal, sys::SignalInfo* info, sys::SignalContext* context) {
         line << "no end in time";
     } else if (signal == kIllegal || signal == kTrap) {
         line << "an instruction that the processor does not know";
+    } else if (signal == kBus && info->code < 0) {  // from alignment_watch, as soon as it can be delivered
+        line << "misaligned access to ";
+        Place(line, info->value);
     } else if (info->address == at) {
         line << "a jump to what is no code";
     } else {

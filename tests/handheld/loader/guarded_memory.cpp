@@ -82,17 +82,20 @@ void GuardedFree(void* memory) {
     Block& block = BlockAt(memory);
     auto* const start = static_cast<uint8_t*>(memory);
     for (const uint8_t* at = start + block.bytes; at != EndOfPages(block); ++at)
-        if (*at != kSlack) Stop(Line() << "a block of " << block.bytes << " bytes was written behind its end");
+        if (*at != kSlack)
+            Stop(Line() << "a block of " << block.bytes << " bytes was written behind its end");
     auto* const first = reinterpret_cast<uint8_t*>(block.start / sys::kPage * sys::kPage);
     for (const uint8_t* at = first; at != start; ++at)
-        if (*at != kSlack) Stop(Line() << "a block of " << block.bytes << " bytes was written before its beginning");
+        if (*at != kSlack)
+            Stop(Line() << "a block of " << block.bytes << " bytes was written before its beginning");
     sys::Protect(first, static_cast<uint32_t>(EndOfPages(block) - first), sys::kNone);
     block.freed = true;
 }
 
 uint32_t GuardedBlocksInUse() {
     uint32_t count = 0;
-    for (const Block* block = g_heap.blocks; block != g_heap.blocks + g_heap.count; ++block) count += !block->freed;
+    for (const Block* block = g_heap.blocks; block != g_heap.blocks + g_heap.count; ++block)
+        count += !block->freed;
     return count;
 }
 
@@ -100,7 +103,8 @@ GuardedStack::GuardedStack(uint32_t bytes) : m_bytes(PagesOf(bytes)) {
     auto* const guard =
         static_cast<uint8_t*>(sys::Map(0, m_bytes + 2 * kStackGuard, sys::kNone, sys::Sharing::withChildren));
     m_bottom = guard + kStackGuard;
-    if (guard == nullptr || !sys::Protect(m_bottom, m_bytes, sys::kReadWrite)) Stop(Line() << "no memory for a stack");
+    if (guard == nullptr || !sys::Protect(m_bottom, m_bytes, sys::kReadWrite))
+        Stop(Line() << "no memory for a stack");
     g_stackBottom = reinterpret_cast<uint32_t>(m_bottom);
     g_stackBytes = m_bytes;
 }
@@ -138,12 +142,17 @@ bool DescribeGuarded(uint32_t address, Line& line) {
         line << "above the stack";
         return true;
     }
+    if (address - g_stackBottom < g_stackBytes) {
+        line << "on the stack";
+        return true;
+    }
     const Block* const block = address < g_heap.end ? BlockBefore(address) : nullptr;
     if (block == nullptr || address >= g_heap.next) return false;
     if (address < block->start + block->bytes) {
-        line << "in a block of " << block->bytes << " bytes that was freed";
+        line << "in a block of " << block->bytes << (block->freed ? " bytes that was freed" : " bytes");
     } else {
-        line << address - block->start - block->bytes << " bytes behind the end of a block of " << block->bytes;
+        line << address - block->start - block->bytes << " bytes behind the end of a block of "
+             << block->bytes;
     }
     return true;
 }

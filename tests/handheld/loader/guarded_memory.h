@@ -4,9 +4,9 @@
 
 #include "handheld/loader/line.h"
 
-// The heap of image and tests. A block ends at a guard page, but for the up to three bytes that keep its beginning
-// aligned; those are looked at when it is freed. Addresses are never used a second time, so a block that was freed
-// is a guard as well.
+// The heap of image and tests. A block ends at a guard page, but for the up to three bytes that keep its
+// beginning aligned; those are looked at when it is freed. Addresses are never used a second time, so a block
+// that was freed is a guard as well.
 void* GuardedAlloc(uint32_t bytes);
 void GuardedFree(void* block);
 uint32_t GuardedBlocksInUse();

@@ -58,7 +58,8 @@ const PeHeaders& HeadersIn(const File& file) {
     if (offset == 0 || offset % 4 != 0 || offset > file.size || file.size - offset < sizeof(PeHeaders))
         Stop(Line() << "the file has no headers of an executable");
     const auto& headers = *reinterpret_cast<const PeHeaders*>(file.bytes + offset);
-    if (headers.signature != kPeSignature || headers.machine != kPeArm || headers.sectionCount > kMostSections)
+    if (headers.signature != kPeSignature || headers.machine != kPeArm ||
+        headers.sectionCount > kMostSections)
         Stop(Line() << "the file is no executable for ARM");
     return headers;
 }
@@ -72,7 +73,8 @@ void CopySections(const File& file, const PeHeaders& headers) {
         const uint32_t bytes = section.fileBytes < section.bytes ? section.fileBytes : section.bytes;
         if (section.fileOffset > file.size || bytes > file.size - section.fileOffset)
             Stop(Line() << "a section lies behind the end of the file");
-        if (section.bytes > g_image.bytes - section.rva) Stop(Line() << "a section lies behind the image's end");
+        if (section.bytes > g_image.bytes - section.rva)
+            Stop(Line() << "a section lies behind the image's end");
         std::memcpy(At(section.rva), file.bytes + section.fileOffset, bytes);
     }
 }
@@ -82,12 +84,15 @@ void Relocate(uint32_t rva, uint32_t bytes) {
     for (uint32_t at = rva; distance != 0 && at < rva + bytes;) {
         const uint32_t page = WordAt(at)[0];
         const uint32_t blockBytes = WordAt(at)[1];
-        if (blockBytes < 8 || blockBytes > rva + bytes - at) Stop(Line() << "a block of base relocations has no end");
+        if (blockBytes < 8 || blockBytes > rva + bytes - at)
+            Stop(Line() << "a block of base relocations has no end");
         const auto* const entries = reinterpret_cast<const uint16_t*>(At(at + 8));
         for (uint32_t i = 0; i < (blockBytes - 8) / 2; ++i) {
             const uint32_t kind = entries[i] >> 12;
-            if (kind == kPeWholeWord) *WordAt(page + (entries[i] & 0xFFF)) += distance;
-            else if (kind != 0) Stop(Line() << "a base relocation of kind " << kind);
+            if (kind == kPeWholeWord)
+                *WordAt(page + (entries[i] & 0xFFF)) += distance;
+            else if (kind != 0)
+                Stop(Line() << "a base relocation of kind " << kind);
         }
         at += blockBytes;
     }
@@ -119,7 +124,8 @@ void ProtectSections() {
                                            : executable                          ? sys::kReadExecute
                                            : writable                            ? sys::kReadWrite
                                                                                  : sys::kRead;
-        if (!sys::Protect(At(section.rva), bytes, protection)) Stop(Line() << "a section cannot be protected");
+        if (!sys::Protect(At(section.rva), bytes, protection))
+            Stop(Line() << "a section cannot be protected");
     }
 }
 

@@ -10,7 +10,7 @@ struct Image {
     uint32_t preferredBase;  // where its headers want it
     uint32_t bytes;          // from there on
     uint32_t entry;
-    uint32_t stackBytes;     // what its first thread gets
+    uint32_t stackBytes;  // what its first thread gets
 };
 
 // Ends the process with a sentence when the file is no such image.
@@ -22,7 +22,8 @@ const Image& TheImage();
 // Says of an address in which section it lies, or that it lies where the image would without a relocation.
 bool DescribeInImage(uint32_t address, Line& line);
 
-// What links the image's code to the tests: the names that the linker knew, and the doors through which tests call.
+// What links the image's code to the tests: the names that the linker knew, and the doors through which tests
+// call.
 struct ImageSymbol {
     uint32_t address;  // at the preferred base
     uint32_t bytes;

@@ -1,9 +1,11 @@
 // Runs the code of the handheld's own executable on an emulated processor of its kind:
-//     image_tests IMAGE BASE [PATTERN]        every test whose name begins so; "Deliberate" ones only when asked for
-//     image_tests IMAGE BASE --here NAME      one test, in this process
+//     image_tests IMAGE BASE [PATTERN]        every test whose name begins so; "Deliberate" ones only when
+//     asked for image_tests IMAGE BASE --decodes FILE MODE...      pictures for a counter of instructions,
+//     see decodes.h
 // BASE: where the image is put, in hexadecimal.
 #include <cstring>
 
+#include "handheld/loader/decodes.h"
 #include "handheld/loader/faults.h"
 #include "handheld/loader/image.h"
 #include "handheld/loader/line.h"
@@ -34,10 +36,11 @@ extern "C" const Step __init_array_end[];
 extern "C" [[noreturn]] void RunLoader(int count, const char** arguments) {
     HandleFaults();
     for (const Step* step = __init_array_start; step != __init_array_end; ++step) (*step)();
-    if (count < 3 || count > 5) Stop(Line() << "usage: image_tests IMAGE BASE [PATTERN | --here NAME]");
+    const bool decodes = count > 3 && std::strcmp(arguments[3], "--decodes") == 0;
+    if (count < 3 || (count > 4 && !decodes))
+        Stop(Line() << "usage: image_tests IMAGE BASE [PATTERN | --decodes FILE MODE...]");
     LoadImage(arguments[1], FromHex(arguments[2]));
-    if (count == 5) sys::Exit(RunHere(arguments[4]));
-    sys::Exit(RunTests(count == 4 ? arguments[3] : ""));
+    sys::Exit(decodes ? CountDecodes(count - 4, arguments + 4) : RunTests(count == 4 ? arguments[3] : ""));
 }
 
 // The system enters with the arguments on the stack.

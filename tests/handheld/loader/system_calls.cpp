@@ -26,7 +26,8 @@ uint32_t Word(const volatile void* pointer) {
     return reinterpret_cast<uint32_t>(pointer);
 }
 
-int Call(Number number, uint32_t a = 0, uint32_t b = 0, uint32_t c = 0, uint32_t d = 0, uint32_t e = 0, uint32_t f = 0) {
+int Call(Number number, uint32_t a = 0, uint32_t b = 0, uint32_t c = 0, uint32_t d = 0, uint32_t e = 0,
+         uint32_t f = 0) {
     register uint32_t r0 __asm__("r0") = a;
     register uint32_t r1 __asm__("r1") = b;
     register uint32_t r2 __asm__("r2") = c;
@@ -66,8 +67,8 @@ void Close(int file) {
 
 void* Map(uint32_t address, uint32_t bytes, Protection protection, Sharing sharing) {
     // "Fixed" without replacing what lies there.
-    const uint32_t flags = (sharing == Sharing::withChildren ? kShared : kPrivate) | kWithoutFile | kNoReserve |
-                           (address != 0 ? kFixed : 0);
+    const uint32_t flags = (sharing == Sharing::withChildren ? kShared : kPrivate) | kWithoutFile |
+                           kNoReserve | (address != 0 ? kFixed : 0);
     const int memory = Call(kMap, address, bytes, protection, flags, UINT32_MAX);
     return memory < 0 && memory >= -kGreatestError ? nullptr : reinterpret_cast<void*>(memory);
 }

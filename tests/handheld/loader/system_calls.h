@@ -28,8 +28,10 @@ void EndAfter(uint32_t seconds);
 [[noreturn]] void Exit(int code);
 
 struct SignalInfo {
-    int number, error, code;
-    uint32_t address;
+    int number, error, code;  // a code below 0: sent by a program
+    uint32_t address;         // or who sent it, two words
+    uint32_t sender;
+    uint32_t value;  // what was sent along
 };
 struct SignalContext {
     uint32_t flags, link, stack[3], trap, error, mask, registers[16];  // ends with the program counter

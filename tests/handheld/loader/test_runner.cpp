@@ -44,7 +44,8 @@ std::string Quoted(const std::wstring& text) {
 
 Failure::Failure(const char* file, int line, std::string what) {
     const char* const name = std::strrchr(file, '/');
-    m_what = std::string(name != nullptr ? name + 1 : file) + " line " + Decimal(static_cast<uint64_t>(line), false) + ": " + what;
+    m_what = std::string(name != nullptr ? name + 1 : file) + " line " +
+             Decimal(static_cast<uint64_t>(line), false) + ": " + what;
 }
 
 Failure::~Failure() {
@@ -136,18 +137,9 @@ int RunTests(const char* pattern) {
         most = stack.Used();
         deepest = name;
     }
-    Say(Line() << "stack: " << most << " of " << TheImage().stackBytes << " bytes at most, by " << deepest.c_str());
+    Say(Line() << "stack: " << most << " of " << TheImage().stackBytes << " bytes at most, by "
+               << deepest.c_str());
     return ran != 0 && failed == 0 ? 0 : 1;
-}
-
-int RunHere(const char* name) {
-    GuardedStack stack(TheImage().stackBytes);
-    for (testing::TestCase* test = testing::FirstTest(); test != nullptr; test = test->next) {
-        if (NameOf(*test) != name) continue;
-        stack.Run(RunBody, test);
-        return 0;
-    }
-    Stop(Line() << "no test " << name);
 }
 
 void SkipWithout(const char* function) {

@@ -48,10 +48,14 @@ OBJECTS = {
     "late call": (".arch armv5te\nblx r3", r"the instruction blx r3"),
     "late nothing": (".arch armv6k\nnop", r"the instruction nop \{0\}"),
     "system call of its own": ("svc #0", r"the instruction svc 0x00000000"),
-    "Thumb code": (".arch armv4t\n.thumb\nmovs r0, #1\nmovs r0, #2\n.arm", r"Start in sound\.o is Thumb code from 0x110\w\w on"),
-    "open relocation": (".arch armv7-a\nmovw r0, #:lower16:Start", r"Start in sound\.o has a relocation of kind 43 towards \S+ that the image cannot hold"),
-    "open relocation, refused by ld": ("b 1f\n.word Start(sbrel)\n1:", r"in function `Start':\s.*unsupported relocation"),
-    "section without a place": ("ldr r0, =moon\n.section .moon, \"a\"\nmoon: .word 1\n.text", r"section `\.moon' from .*sound\.o"),
+    "Thumb code": (".arch armv4t\n.thumb\nmovs r0, #1\nmovs r0, #2\n.arm",
+                   r"Start in sound\.o is Thumb code from 0x110\w\w on"),
+    "open relocation": (".arch armv7-a\nmovw r0, #:lower16:Start",
+                        r"Start in sound\.o has a relocation of kind 43 towards \S+ that the image cannot hold"),
+    "open relocation, refused by ld": ("b 1f\n.word Start(sbrel)\n1:",
+                                       r"in function `Start':\s.*unsupported relocation"),
+    "section without a place": ("ldr r0, =moon\n.section .moon, \"a\"\nmoon: .word 1\n.text",
+                                r"section `\.moon' from .*sound\.o"),
 }
 RESOURCE = "1 RCDATA { 1, 2, 3 }\n"
 

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Audits the handheld's finished executable: header, imports, instructions, resources, size, and that it can be built again."""
+"""Audits the handheld's finished executable: header, imports, instructions, resources, sizes, and a second build."""
 
 import bisect
 import json
@@ -36,7 +36,8 @@ LATER = [
     (0x0FFFFFF0, 0x012FFF10, "bx"), (0x0FFFFFF0, 0x012FFF20, "bxj"), (0x0FFFFFF0, 0x012FFF30, "blx"),
     (0xFE000000, 0xFA000000, "blx"), (0x0FFF0FF0, 0x016F0F10, "clz"), (0xFFF000F0, 0xE1200070, "bkpt"),
     (0x0F9000F0, 0x01000050, "qadd"), (0x0F900090, 0x01000080, "smla"), (0x0E1000D0, 0x000000D0, "ldrd or strd"),
-    (0x0FF00000, 0x03000000, "movw"), (0x0FF00000, 0x03400000, "movt"), (0x0FFFF000, 0x0320F000, "a hint"), (0x0F000010, 0x06000010, "a media instruction"),
+    (0x0FF00000, 0x03000000, "movw"), (0x0FF00000, 0x03400000, "movt"), (0x0FFFF000, 0x0320F000, "a hint"),
+    (0x0F000010, 0x06000010, "a media instruction"),
     (0x0FF000F0, 0x00600090, "mls"), (0x0FF000F0, 0x00400090, "umaal"), (0x0F8000F0, 0x01800090, "ldrex or strex"),
     (0x0C000000, 0x0C000000, "a coprocessor instruction or swi"), (0xF0000000, 0xF0000000, "an unconditional instruction")]
 

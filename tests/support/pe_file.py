@@ -1,4 +1,4 @@
-"""Reads a finished Windows executable, the handheld's or the desktop's: header fields, imports, resources, base relocations."""
+"""Reads a finished Windows executable, the handheld's or the desktop's."""
 
 import dataclasses
 import pathlib

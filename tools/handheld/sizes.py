@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""What takes the room in the handheld's executable: sizes.py prints tables, sizes.py --write puts them into docs/handheld.md."""
+"""What takes the room in the handheld's executable: prints tables, or with --write puts them into docs/handheld.md."""
 
 import collections
 import pathlib
@@ -21,7 +21,7 @@ KIND = {".text": "code", ".rodata": "constants", ".init_array": "constants", ".f
         ".data": "data", ".iat": "data", ".bss": "data"}
 COLUMNS = ("code", "constants", "data")
 RESOURCE_KINDS = {2: "bitmaps", 3: "icons", 4: "menus", 5: "dialogs", 6: "texts", "WAVE": "sounds"}
-OTHER_HOMES = {"preview": "device", "libgcc": "compiler's library", "zelcamera": "calls of the system"}
+OTHER_HOMES = {"preview": "device", "libgcc": "compiler's library"}
 LARGEST = 8
 
 
@@ -29,7 +29,9 @@ def home(piece):
     """The folder that a piece of the image comes from."""
     if piece.library.startswith("platform/"):
         return "start-up, C++ library"
-    first = re.split(r"[/_.]", piece.library.rsplit("/", 1)[-1] if piece.library.endswith(".imports.o") else piece.library)[0]
+    if piece.library.endswith(".imports.o"):
+        return "calls of the system"
+    first = re.split(r"[/_.]", piece.library)[0]
     return OTHER_HOMES.get(first, first)
 
 

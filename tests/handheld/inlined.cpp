@@ -48,16 +48,6 @@ INLINED uint32_t CountdownDigit(uint32_t elapsed, uint32_t previous) {
     return screen.countdownDigit;
 }
 
-// A decode of nothing still says what its mode would deliver.
-INLINED TargetPicture targetPicture(int32_t mode) {
-    static DecoderContext context;
-    context.cursors = {};
-    decode(mode, context, 0);
-    const bool planar = mode == 7 || mode == 14;
-    return {context.targetWidth,    context.targetHeight, context.targetPixelBytes,
-            context.targetRowBytes, context.targetBytes,  planar};
-}
-
 INLINED void releaseBuffers(DecoderContext& context) {
     std::free(context.mcuRowBuffer);
     context.mcuRowBuffer = nullptr;

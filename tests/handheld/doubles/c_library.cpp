@@ -130,11 +130,6 @@ double ldexp(double value, int exponent) {
     for (; exponent < 0; ++exponent) value /= 2;
     return value;
 }
-
-// What the image says on the handheld's standard output nobody sees there either.
-int puts(const char*) {
-    return 0;
-}
 }
 
 // The headers have two overloads of each for one name of the library.

@@ -4,6 +4,7 @@
 // The controls' header after the system's.
 #include <commctrl.h>
 
+#include <cstdio>
 #include <string>
 
 #include "fakes/driver_fake.h"
@@ -27,6 +28,11 @@ void EndProgram() {
 }
 
 extern "C" {
+
+int puts(const char* text) {
+    g_system.standardOutput += std::string(text) + "\n";
+    return 0;
+}
 
 DWORD WINAPI GetTickCount() {
     return g_system.ticks;
@@ -62,8 +68,8 @@ BOOL WINAPI PostMessageW(HWND, UINT message, WPARAM, LPARAM) {
 }
 
 BOOL WINAPI InitCommonControlsEx(const INITCOMMONCONTROLSEX* controls) {
-    RecordCall("common controls " + std::to_string(controls->dwICC));
-    return TRUE;
+    RecordCall("common controls");
+    return controls->dwSize == sizeof *controls;
 }
 
 HICON WINAPI LoadIconW(HINSTANCE, LPCWSTR) {

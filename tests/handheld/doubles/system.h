@@ -2,6 +2,7 @@
 #pragma once
 #include <cstdint>
 #include <functional>
+#include <string>
 #include <vector>
 
 struct StartedThread {
@@ -10,7 +11,8 @@ struct StartedThread {
 };
 
 struct SystemDouble {
-    uint32_t ticks = 0;                    // milliseconds; a sleep moves them on
+    uint32_t ticks = 0;  // milliseconds; a sleep moves them on
+    std::string standardOutput;
     std::vector<StartedThread> threads;    // started, but run only when a test does
     std::function<void(uint32_t)> onExit;  // what the end of the first thread leads to
 };

@@ -96,6 +96,12 @@ std::string Compared(const char* what, const Left& left, const Right& right) {
     return std::string(what) + ": " + Shown(left) + " against " + Shown(right);
 }
 
+// What the program said on its standard output in between.
+namespace internal {
+void CaptureStdout();
+std::string GetCapturedStdout();
+}  // namespace internal
+
 }  // namespace testing
 
 #define ZEL_TEST_CLASS(suite, name) suite##_##name##_Test
@@ -127,6 +133,8 @@ std::string Compared(const char* what, const Left& left, const Right& right) {
 #define EXPECT_GE(left, right) ZEL_COMPARE(left, >=, right)
 #define EXPECT_TRUE(value) ZEL_COMPARE(static_cast<bool>(value), ==, true)
 #define EXPECT_FALSE(value) ZEL_COMPARE(static_cast<bool>(value), ==, false)
+#define EXPECT_NEAR(left, right, distance) \
+    EXPECT_TRUE((left) - (right) <= (distance) && (right) - (left) <= (distance))
 #define ASSERT_EQ EXPECT_EQ
 #define ASSERT_NE EXPECT_NE
 #define ASSERT_TRUE EXPECT_TRUE

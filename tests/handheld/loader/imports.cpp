@@ -5,6 +5,16 @@
 #include "handheld/loader/line.h"
 #include "handheld/loader/system_calls.h"
 
+struct Double {
+    const char* library;
+    const char* name;
+    const void* function;
+};
+
+// Written by link_loader.py.
+extern "C" const Double kDoubles[];
+extern "C" const Double kDoublesEnd[];
+
 namespace {
 
 // A piece of code that knows which import it stands for.
@@ -49,8 +59,7 @@ uint32_t MakeRefusal(const Line& name) {
 }  // namespace
 
 uint32_t DoubleOf(const char* library, const char* name) {
-    const Doubles all = AllDoubles();
-    for (const Double* it = all.first; it != all.first + all.count; ++it)
+    for (const Double* it = kDoubles; it != kDoublesEnd; ++it)
         if (std::strcmp(it->library, library) == 0 && std::strcmp(it->name, name) == 0)
             return reinterpret_cast<uint32_t>(it->function);
     return MakeRefusal(Line() << name << " of " << library);

@@ -1,20 +1,6 @@
-// What the image's imports are bound to.
+// What the image's imports are bound to: this program's functions of the same names.
 #pragma once
 #include <cstdint>
-
-// A function of this program that stands for one of the handheld's.
-struct Double {
-    const char* library;
-    const char* name;
-    const void* function;
-};
-struct Doubles {
-    const Double* first;
-    uint32_t count;
-};
-
-// All doubles; see doubles/all_doubles.cpp.
-Doubles AllDoubles();
 
 // The address to bind. A name without a double is bound to code that ends the test with a sentence naming it.
 uint32_t DoubleOf(const char* library, const char* name);

@@ -13,7 +13,7 @@ sys.path[:0] = [str(ROOT / folder) for folder in ("tests/support", "tools/handhe
 
 import figures  # noqa: E402
 from elf import Elf  # noqa: E402
-from pe_file import PeFile  # noqa: E402
+from pe_file import IMPORTS, RELOCATIONS, PeFile  # noqa: E402
 
 HANDHELD = ROOT / "build" / "handheld"
 NATIVE = ROOT / "build" / "native"
@@ -95,15 +95,18 @@ class DamagedCopy:
         """Of the first word in that function that holds an address."""
         symbol = self.symbols[function]
         first = min(rva for rva in self.pe.relocated_words() if 0 <= rva + BASE - symbol.value < symbol.size)
-        at, size = (self.pe.directory(5)[0], self.pe.directory(5)[1])
-        at = self.pe.at(at)
-        end = at + size
-        while at < end:
-            page, length = struct.unpack_from("<II", self.data, at)
-            for entry in range(at + 8, at + length, 2):
-                if page == first & ~0xFFF and struct.unpack_from("<H", self.data, entry)[0] == 0x3000 | first & 0xFFF:
-                    struct.pack_into("<H", self.data, entry, 0)
-            at += length
+        at = self.pe.at(self.pe.directory(RELOCATIONS)[0])
+        while (block := struct.unpack_from("<II", self.data, at))[0] != first & ~0xFFF:
+            at += block[1]
+        entry = self.data.index(struct.pack("<H", 0x3000 | first & 0xFFF), at + 8)
+        struct.pack_into("<H", self.data, entry, 0)
+
+    def number_imports(self, number):
+        """The first library's, all by the same ordinal."""
+        at = self.pe.at(struct.unpack_from("<I", self.data, self.pe.at(self.pe.directory(IMPORTS)[0]))[0])
+        while struct.unpack_from("<I", self.data, at)[0]:
+            self.word(at, 0x80000000 | number)
+            at += 4
 
     def written(self):
         self.path.write_bytes(self.data)
@@ -134,12 +137,8 @@ def damaged(folder):
            unknown, BASE, "StoreSpace.TenMebibytes")
 
     ordinal = DamagedCopy(folder, "ordinal")
-    names, words = struct.unpack_from("<I12xI", ordinal.data, ordinal.pe.at(ordinal.pe.directory(1)[0]))
-    for place in range(0, 4 * 200, 4):
-        ordinal.word(ordinal.pe.at(names + place), 0x80000000 | 1234)
-        if struct.unpack_from("<I", ordinal.pe.data, ordinal.pe.at(names + place + 4))[0] == 0:
-            break
-    yield "an import by ordinal", "@1234 of ", ordinal, BASE, "Deliberate.AnImportHasNoDouble"
+    ordinal.number_imports(1234)
+    yield "an import by ordinal", "the image calls @1234 of aygshell.dll", ordinal, BASE, "Deliberate.AnImportHasNoDouble"
 
     machine = DamagedCopy(folder, "machine")
     machine.word(struct.unpack_from("<I", machine.data, 0x3C)[0] + 4, 0x0006014C)

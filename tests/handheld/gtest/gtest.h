@@ -65,10 +65,7 @@ std::string Shown(const Value& value) {
     } else if constexpr (std::is_integral_v<Value>) {
         const bool negative = value < 0;
         const auto wide = static_cast<uint64_t>(static_cast<int64_t>(value));
-        return Decimal(negative                  ? 0 - wide
-                       : std::is_signed_v<Value> ? wide
-                                                 : static_cast<uint64_t>(value),
-                       negative);
+        return Decimal(negative ? 0 - wide : wide, negative);
     } else if constexpr (std::is_pointer_v<Value>) {
         return "address " + Decimal(reinterpret_cast<uintptr_t>(value), false);
     } else {

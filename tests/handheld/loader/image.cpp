@@ -59,7 +59,7 @@ const PeHeaders& HeadersIn(const File& file) {
         Stop(Line() << "the file has no headers of an executable");
     const auto& headers = *reinterpret_cast<const PeHeaders*>(file.bytes + offset);
     if (headers.signature != kPeSignature || headers.machine != kPeArm ||
-        headers.sectionCount > kMostSections)
+        headers.optionalBytes != kPeOptionalBytes || headers.sectionCount > kMostSections)
         Stop(Line() << "the file is no executable for ARM");
     return headers;
 }

@@ -19,7 +19,8 @@ struct PeHeaders {
         uint32_t rva, bytes;
     } directories[16];
 };
-static_assert(sizeof(PeHeaders) == 24 + 224);
+inline constexpr uint16_t kPeOptionalBytes = 224;
+static_assert(sizeof(PeHeaders) == 24 + kPeOptionalBytes);
 
 struct PeSection {
     char name[8];

@@ -35,11 +35,12 @@ extern "C" const Step __init_array_end[];
 
 extern "C" [[noreturn]] void RunLoader(int count, const char** arguments) {
     HandleFaults();
-    for (const Step* step = __init_array_start; step != __init_array_end; ++step) (*step)();
     const bool decodes = count > 3 && std::strcmp(arguments[3], "--decodes") == 0;
     if (count < 3 || (count > 4 && !decodes))
         Stop(Line() << "usage: image_tests IMAGE BASE [PATTERN | --decodes FILE MODE...]");
     LoadImage(arguments[1], FromHex(arguments[2]));
+    // Tests may call the image while they are made.
+    for (const Step* step = __init_array_start; step != __init_array_end; ++step) (*step)();
     sys::Exit(decodes ? CountDecodes(count - 4, arguments + 4) : RunTests(count == 4 ? arguments[3] : ""));
 }
 

@@ -33,6 +33,18 @@ SETTINGS = [
      "garbage, short, long; re-read whenever it changes"),
 ]
 
+KEYS = """\
+The handheld's keys, on the PC keyboard and on the key pad below the screen:
+  F1      application key 1: Menu
+  F2      application key 2: Play
+  F3      application key 3: Zoom Out
+  F4      application key 4: Zoom In
+  F5      action key, the round one: shutter
+A key of the pad is down for as long as the mouse button is.  A click on the card pulls it out of its slot, another
+puts it back; a card that stays out for a second or two ends the camera.  Beside them F10 opens the menu bar,
+Escape closes a dialog and Shift+F1 opens the help.
+"""
+
 
 def build():
     log = ROOT / "build" / "desktop-build.log"
@@ -52,10 +64,11 @@ def has_display():
 def parse():
     parser = argparse.ArgumentParser(prog="./run", description=__doc__,
                                      formatter_class=argparse.RawDescriptionHelpFormatter,
-                                     epilog="Keys: F1 Menu, F2 Play, F3 Zoom Out, F4 Zoom In, F5 the action key "
-                                            "(shutter); F10 opens the menu bar.")
+                                     epilog=KEYS)
     for name, _, placeholder, text in SETTINGS:
         parser.add_argument("--" + name, metavar=placeholder, help=text)
+    parser.add_argument("--no-keypad", action="store_true", help="only the screen, without the key pad below it "
+                        "(HANDHELD_KEYPAD=off)")
     parser.add_argument("--session", action="store_true", help="play the scripted session although there is a display")
     return parser.parse_args()
 
@@ -82,6 +95,7 @@ def main():
         with wine_session() as wine:
             return play_session(wine, chosen)
     chosen.setdefault("HANDHELD_ROOT", str(HOME / "store"))
+    chosen["HANDHELD_KEYPAD"] = "off" if options.no_keypad else "on"
     with wine_session(prefix=HOME / "wine", display=os.environ["DISPLAY"]) as wine:
         return wine.run([ROOT / "build" / "desktop" / "zelcamera.exe"], env=chosen).returncode
 

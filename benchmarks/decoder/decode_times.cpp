@@ -13,6 +13,7 @@
 #include "benchmarks/decoder/entrants.h"
 #include "benchmarks/decoder/likeness.h"
 #include "benchmarks/decoder/load_set.h"
+#include "benchmarks/decoder/picture_buffer.h"
 
 namespace {
 
@@ -55,10 +56,12 @@ class CWorkRunner {
             double difference = 0;
             for (size_t i = 0; i < m_frames; ++i) {
                 // What a decoder leaves out shall not be there from the one before.
-                std::fill(m_picture.begin(), m_picture.end(), uint8_t{0xA5});
+                std::fill_n(m_picture.data(), m_picture.size(), uint8_t{0xA5});
                 decode(entry, i);
-                if (&entry == &m_entries.front()) ours.push_back(m_picture);
-                difference += meanDifference(ours[i], m_picture, m_task) / static_cast<double>(m_frames);
+                if (&entry == &m_entries.front())
+                    ours.emplace_back(m_picture.data(), m_picture.data() + m_picture.size());
+                difference +=
+                    meanDifference(ours[i].data(), m_picture.data(), m_task) / static_cast<double>(m_frames);
             }
             const std::string name = entry.contender->name();
             std::printf("likeness %s %s %.2f\n", m_name.c_str(), name.c_str(), difference);
@@ -100,7 +103,7 @@ class CWorkRunner {
     const std::string m_name;
     const Task m_task;
     const size_t m_frames;
-    std::vector<uint8_t> m_picture;
+    CPictureBuffer m_picture;
     std::vector<Entry> m_entries;
 };
 

@@ -19,13 +19,13 @@ Channels of24(const uint8_t* pixel) {
 
 }  // namespace
 
-double meanDifference(const std::vector<uint8_t>& one, const std::vector<uint8_t>& other, const Task& task) {
+double meanDifference(const uint8_t* one, const uint8_t* other, const Task& task) {
     const auto channels = task.is565 ? of565 : of24;
     double sum = 0;
     for (uint32_t y = 0; y < task.target.height; ++y) {
         for (uint32_t x = 0; x < task.target.width; ++x) {
             const size_t at = y * task.target.rowBytes + x * task.target.bytesPerPixel;
-            const Channels a = channels(&one[at]), b = channels(&other[at]);
+            const Channels a = channels(one + at), b = channels(other + at);
             for (int i = 0; i < 3; ++i) sum += std::abs(a.values[i] - b.values[i]);
         }
     }

@@ -13,6 +13,7 @@
 
 #include "benchmarks/decoder/entrants.h"
 #include "benchmarks/decoder/load_set.h"
+#include "benchmarks/decoder/picture_buffer.h"
 
 namespace {
 
@@ -37,7 +38,7 @@ void setTimer(suseconds_t period) {
 
 void sample(CContender& contender, const Task& task, const std::vector<corpus::Stream>& streams,
             int seconds) {
-    std::vector<uint8_t> picture(task.target.totalBytes);
+    CPictureBuffer picture(task.target.totalBytes);
     struct sigaction action {};
     action.sa_sigaction = onTimer;
     action.sa_flags = SA_SIGINFO | SA_RESTART;

@@ -12,6 +12,7 @@
 #include "benchmarks/decoder/count/region_mark.h"
 #include "benchmarks/decoder/entrants.h"
 #include "benchmarks/decoder/load_set.h"
+#include "benchmarks/decoder/picture_buffer.h"
 
 namespace {
 
@@ -23,7 +24,7 @@ bool count(CContender& contender, const Work& work, const std::string& folder, s
     const Task task(work);
     if (!contender.prepare(task)) return true;
     const std::vector<corpus::Stream> streams = loadSet(folder, work.set);
-    std::vector<uint8_t> picture(task.target.totalBytes);
+    CPictureBuffer picture(task.target.totalBytes);
     // What is done once is done by now.
     if (!contender.decode(contender.adapted(streams[0]), picture.data())) return false;
     for (size_t number = 0; number < std::min(frames, streams.size()); ++number) {

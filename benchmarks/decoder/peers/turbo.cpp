@@ -6,6 +6,8 @@
 // Needs what <cstdio> declares.
 #include <jpeglib.h>
 
+#include "benchmarks/decoder/picture_buffer.h"
+
 namespace {
 
 struct Errors {
@@ -33,7 +35,8 @@ class CTurbo : public CContender {
     bool prepare(const Task& task) override {
         m_task = std::make_unique<Task>(task);
         m_fullRowBytes = static_cast<size_t>(task.set.width) * task.target.bytesPerPixel;
-        m_full.resize(task.dropsEachFourth ? m_fullRowBytes * static_cast<size_t>(task.set.height) : 0);
+        m_full =
+            CPictureBuffer(task.dropsEachFourth ? m_fullRowBytes * static_cast<size_t>(task.set.height) : 0);
         m_rows.clear();
         const uint32_t rows =
             task.dropsEachFourth ? static_cast<uint32_t>(task.set.height) : task.target.height;
@@ -74,7 +77,7 @@ class CTurbo : public CContender {
     Errors m_errors{};
     std::unique_ptr<Task> m_task;
     size_t m_fullRowBytes = 0;
-    std::vector<uint8_t> m_full;  // the undiminished picture
+    CPictureBuffer m_full;  // the undiminished picture
     std::vector<uint8_t*> m_rows;
 };
 

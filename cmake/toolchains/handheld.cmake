@@ -43,6 +43,7 @@ set(CMAKE_CXX_FLAGS_INIT "${code} -fno-use-cxa-atexit ${system} ${cxx_headers} $
 
 # The distribution's own libgcc for this target needs ARMv5; the bare-metal compiler's does not.
 printed_path(libgcc arm-none-eabi-gcc -march=armv4t -marm -mfloat-abi=soft -print-libgcc-file-name)
+set(ZEL_LIBGCC ${libgcc})
 
 set(CMAKE_RC_COMPILE_OBJECT "<CMAKE_RC_COMPILER> -O coff <DEFINES> <INCLUDES> <FLAGS> <SOURCE> <OBJECT>")
 

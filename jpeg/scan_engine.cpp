@@ -2,6 +2,7 @@
 
 #include "jpeg/converters.h"
 #include "jpeg/portable_engine.h"
+#include "jpeg/scalar_engine.h"
 
 namespace jpeg {
 
@@ -11,7 +12,10 @@ bool always() {
     return true;
 }
 
-constexpr ScanEngine kEngines[] = {{"portable", always, decodeStripsPortably}};
+constexpr ScanEngine kEngines[] = {
+    {"portable", always, decodeStripsPortably},
+    {"scalar", always, decodeStripsScalar},
+};
 
 }  // namespace
 

@@ -14,8 +14,8 @@ inline uint32_t magnitudeOf(int32_t value) {
 uint32_t whereOf(uint32_t place) {
     const uint32_t row = place / 8;
     const uint32_t column = place % 8;
-    const uint32_t set = row == 0 ? kColumnsOfRow0 : row < 4 ? kColumnsOfRows1To3 : kColumnsOfRows4To7;
-    return 1u << (set + column) | (8 * column + row) * 4;
+    const uint32_t set = row == 0 ? kSetOfRow0 : row < 4 ? kSetOfRows1To3 : kSetOfRows4To7;
+    return (set << column) << 8 | (8 * column + row) * 4;
 }
 
 }  // namespace
@@ -30,43 +30,24 @@ bool makeBlockSteps(BlockSteps& made, const uint32_t* quant) {
     return true;
 }
 
-bool decodeScalarBlock(ScalarBits& reader, const ScalarTables& tables, const BlockSteps& steps,
+bool decodeScalarBlock(ScalarBits& reader, const ScalarTables& tables, const BlockSteps& blockSteps,
                        int32_t& predictor, ScalarBlock& block) {
     ScalarBits bits = reader;
     if (!takeDc(bits, tables, predictor)) return false;
-    const CoefficientStep* step = steps.steps;
-    const CoefficientStep* const last = step + kLastCoefficient;
-    const uint32_t* const codes = tables.acCodes->entries;
-    const auto valueAt = [&block](uint32_t where) -> int32_t& { return block.values[(where & 0xFF) / 4]; };
-    block.values[0] = static_cast<int32_t>(static_cast<uint32_t>(predictor) * static_cast<uint32_t>(step->quant));
+    const CoefficientStep* const steps = blockSteps.steps;
+    block.values[0] = static_cast<int32_t>(static_cast<uint32_t>(predictor) * static_cast<uint32_t>(steps->quant));
     uint32_t columns = 0;
     uint32_t magnitude = magnitudeOf(block.values[0]);
-    do {
-        if (!bits.refill()) return false;
-        const uint32_t entry = codes[bits.peek(kCodeLook)];
-        bits.drop(entryBits(entry));
-        int32_t value = entryValue(entry);
-        if (value != 0) {
-            step += entryAdvance(entry);
-        } else {
-            const uint32_t symbol = entry != 0 ? entrySymbol(entry) : takeLongCode(bits, *tables.acTable);
-            if (symbol == 0) break;
-            if (symbol == kNoSymbol || !bits.refill()) return false;
-            const uint32_t size = symbol & 15;
-            step += (symbol >> 4) + 1;
-            if (size == 0) continue;
-            value = takeValue(bits, size);
-        }
-        const uint32_t where = step->where;
-        value *= step->quant;
-        valueAt(where) = value;
-        columns |= where;
-        magnitude += magnitudeOf(value);
-    } while (step < last);
+    const bool ordinary = takeAc(bits, tables, steps, [&](const CoefficientStep& step, int32_t value) {
+        const int32_t dequantised = value * step.quant;
+        block.values[(step.where & 0xFF) / 4] = dequantised;
+        columns |= step.where;
+        magnitude += magnitudeOf(dequantised);
+    });
     block.columns = columns >> 8;
     block.magnitude = magnitude;
     reader = bits;
-    return step <= last;
+    return ordinary;
 }
 
 }  // namespace jpeg

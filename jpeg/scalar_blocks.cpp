@@ -1,20 +1,29 @@
 #include "jpeg/scalar_blocks.h"
 
 #include "jpeg/converters.h"
-#include "jpeg/scalar_dct8.h"
 
 namespace jpeg {
 
 namespace {
 
 ScalarTables scalarTables(const DecoderContext& context, const ComponentWalk& component) {
-    return {&kCodeTables[component.dcTable - context.huffman], &kCodeTables[component.acTable - context.huffman],
-            component.dcTable, component.acTable};
+    const uint32_t dc = static_cast<uint32_t>(component.dcTable - context.huffman);
+    const uint32_t ac = static_cast<uint32_t>(component.acTable - context.huffman);
+    return {&kCodeTables[dc], &kCodeTables[ac], &kSkipTables[ac - kAcSlot], component.dcTable,
+            component.acTable};
+}
+
+// The first component with the same quantisation table: they share its steps, and the cache that these take.
+uint32_t firstWithSameQuant(const ScanWalk& walk, uint32_t index) {
+    uint32_t first = 0;
+    while (walk.components[first].quant != walk.components[index].quant) ++first;
+    return first;
 }
 
 }  // namespace
 
-bool FullBlocks::prepare(const DecoderContext& context, const ScanWalk& walk) {
+bool TransformedBlocks::prepare(const DecoderContext& context, const ScanWalk& walk) {
+    m_block = {};
     for (uint32_t index = 0; index < walk.count; ++index) {
         const ComponentWalk& component = walk.components[index];
         m_tables[index] = scalarTables(context, component);
@@ -22,22 +31,30 @@ bool FullBlocks::prepare(const DecoderContext& context, const ScanWalk& walk) {
         // Of a row that is dropped nothing is needed, unless it is chroma that serves another row, too.
         const bool ownRows = component.down == context.vMax;
         m_keptRows[index] = context.rowScaling == kScalingThreeQuarter && ownRows ? 3 : 4;
-        // Components with the same table share its steps, and the cache that these take.
-        uint32_t shared = 0;
-        while (walk.components[shared].quant != component.quant) ++shared;
-        m_steps[index] = &m_madeSteps[shared];
-        if (shared == index && !makeBlockSteps(m_madeSteps[shared], component.quant)) return false;
+        const uint32_t first = firstWithSameQuant(walk, index);
+        m_steps[index] = &m_madeSteps[first];
+        if (first == index && !makeBlockSteps(m_madeSteps[first], component.quant)) return false;
     }
     return true;
 }
 
-bool FullBlocks::decode(ScalarBits& bits, uint32_t component, int32_t& predictor, uint8_t* out) {
-    if (!decodeScalarBlock(bits, m_tables[component], *m_steps[component], predictor, m_block) ||
-        (m_block.columns != 0 && m_block.magnitude > kDct8MaxMagnitude)) {
-        m_block = {};
-        return false;
+bool QuarterBlocks::prepare(const DecoderContext& context, const ScanWalk& walk) {
+    for (uint32_t index = 0; index < walk.count; ++index) {
+        const ComponentWalk& component = walk.components[index];
+        m_tables[index] = scalarTables(context, component);
+        m_strides[index] = component.stride;
+        const uint32_t first = firstWithSameQuant(walk, index);
+        m_steps[index] = &m_madeSteps[first];
+        if (first == index) makeSumSteps(m_madeSteps[first], component.quant);
     }
-    scalarDct8(m_block, out, m_strides[component], m_keptRows[component]);
+    return true;
+}
+
+bool MeanBlocks::prepare(const DecoderContext& context, const ScanWalk& walk) {
+    for (uint32_t index = 0; index < walk.count; ++index) {
+        m_tables[index] = scalarTables(context, walk.components[index]);
+        m_quants[index] = walk.components[index].quant[0];
+    }
     return true;
 }
 

@@ -17,8 +17,6 @@
 // transforms' constants and roundings. kDct8MaxMagnitude keeps it within 16 bits, and everything before it within 32.
 #include "jpeg/scalar_dct8.h"
 
-#include <utility>
-
 #include "jpeg/scalar_words.h"
 
 namespace jpeg {
@@ -38,20 +36,13 @@ struct Factors {
     const int32_t k142 = kFactors[6];
 };
 
-// Eight values, a stride apart.
-template <uint32_t kStride, uint32_t... kRow>
-inline void fillColumn(int32_t* x, int32_t value, std::integer_sequence<uint32_t, kRow...>) {
-    ((x[kStride * kRow] = value), ...);
-}
-template <uint32_t kRows>
-inline constexpr auto kRowsOf = std::make_integer_sequence<uint32_t, kRows>();
-
 // One column of 8 workspace rows. kRows: the coefficients that may not be 0.
 template <uint32_t kRows>
 inline void transformColumn(const Factors& f, int32_t* x, int32_t* out) {
     if constexpr (kRows == 1) {
-        fillColumn<8>(out, x[0] * f.k181 >> 6, kRowsOf<8>);
+        const int32_t flat = x[0] * f.k181 >> 6;
         x[0] = 0;
+        out[0] = out[8] = out[16] = out[24] = out[32] = out[40] = out[48] = out[56] = flat;
         return;
     }
     int32_t e0, e1, e2, e3;
@@ -82,7 +73,7 @@ inline void transformColumn(const Factors& f, int32_t* x, int32_t* out) {
         p2 = (x[3] * f.k213 + x[5] * f.k142) >> 6;
         p3 = (x[1] * f.k251 + x[7] * f.k50) >> 6;
     }
-    fillColumn<1>(x, 0, kRowsOf<kRows>);
+    clearFirst<kRows>(x);
     const int32_t s0 = p0 + p1;
     const int32_t s3 = p3 + p2;
     const int32_t d0 = p0 - p1;
@@ -214,9 +205,9 @@ inline void transformColumns(const Factors& f, ScalarBlock& block, int32_t* work
     uint32_t sets = block.columns | 1;
     for (uint32_t column = 0; column < kColumns; ++column, sets >>= 1) {
         int32_t* const x = block.values + 8 * column;
-        if ((sets & 1u << (kColumnsOfRows4To7 - 8)) != 0) {
+        if ((sets & kSetOfRows4To7) != 0) {
             transformColumn<8>(f, x, work + column);
-        } else if ((sets & 1u << (kColumnsOfRows1To3 - 8)) != 0) {
+        } else if ((sets & kSetOfRows1To3) != 0) {
             transformColumn<4>(f, x, work + column);
         } else {
             transformColumn<1>(f, x, work + column);
@@ -251,9 +242,8 @@ void fillBlock(ScalarBlock& block, uint8_t* out, uint32_t stride) {
 }  // namespace
 
 void scalarDct8(ScalarBlock& block, uint8_t* out, uint32_t stride, uint32_t keptRows) {
-    const uint32_t sets = block.columns;
-    if (sets == 0) return fillBlock(block, out, stride);
-    const uint32_t columns = (sets | sets >> 8 | sets >> 16) & 0xFF;
+    if (block.columns == 0) return fillBlock(block, out, stride);
+    const uint32_t columns = columnsOf(block);
     if (columns >= 1u << 4) {
         transformBlock<8>(block, out, stride, keptRows);
     } else if (columns >= 1u << 2) {

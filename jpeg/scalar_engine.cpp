@@ -80,8 +80,12 @@ uint32_t decodeStripsScalar(DecoderContext& context, ScanWalk& walk) {
     switch (context.scaleDiv) {
         case 1:
             return decodeScanOf<FullBlocks>(context, walk);
+        case 2:
+            return decodeScanOf<HalfBlocks>(context, walk);
+        case 4:
+            return decodeScanOf<QuarterBlocks>(context, walk);
         default:
-            return decodeStripsPortably(context, walk);
+            return decodeScanOf<MeanBlocks>(context, walk);
     }
 }
 

@@ -1,0 +1,76 @@
+#include "jpeg/scalar_reduced.h"
+
+#include "jpeg/scalar_skips.h"
+#include "jpeg/scalar_words.h"
+#include "jpeg/zigzag.h"
+
+namespace jpeg {
+
+namespace {
+
+// 1, 3, 5, 7: their signs in inverseDct2; 0 itself: 1; the others have no part.
+constexpr int32_t kSigns[8] = {1, 1, 0, -1, 0, 1, 0, -1};
+
+inline uint32_t sampleOf(uint32_t sum) {
+    const int32_t sample = (static_cast<int32_t>(sum) >> 20) + 128;
+    return static_cast<uint32_t>(sample < 0 ? 0 : sample > 255 ? 255 : sample);
+}
+
+}  // namespace
+
+void makeSumSteps(SumSteps& made, const uint32_t* prescaledQuant) {
+    made = {};
+    for (uint32_t k = 0; k <= kLastCoefficient; ++k) {
+        const uint32_t place = kZigzag[k];
+        const uint32_t row = place / 8;
+        const uint32_t column = place % 8;
+        made.steps[k] = {(row != 0 ? 2u : 0u) + (column != 0 ? 1u : 0u),
+                         prescaledQuant[place] * static_cast<uint32_t>(kSigns[row] * kSigns[column])};
+    }
+}
+
+bool decodeSums(ScalarBits& reader, const ScalarTables& tables, const SumSteps& steps, int32_t& predictor,
+                uint32_t* sums) {
+    ScalarBits bits = reader;
+    if (!takeDc(bits, tables, predictor)) return false;
+    sums[0] = static_cast<uint32_t>(predictor) * steps.steps->weight;
+    sums[1] = sums[2] = sums[3] = 0;
+    const bool ordinary = takeAc(bits, tables, steps.steps, [sums](const SumStep& at, int32_t value) {
+        sums[at.sum] += static_cast<uint32_t>(value) * at.weight;
+    });
+    reader = bits;
+    return ordinary;
+}
+
+void storeSums(uint8_t* out, uint32_t stride, const uint32_t* sums) {
+    const uint32_t upper = sums[0] + sums[2];
+    const uint32_t lower = sums[0] - sums[2];
+    const uint32_t upperOdd = sums[1] + sums[3];
+    const uint32_t lowerOdd = sums[1] - sums[3];
+    storeHalf(out, sampleOf(upper + upperOdd) | sampleOf(upper - upperOdd) << 8);
+    storeHalf(out + stride, sampleOf(lower + lowerOdd) | sampleOf(lower - lowerOdd) << 8);
+}
+
+bool decodeMean(ScalarBits& reader, const ScalarTables& tables, int32_t& predictor) {
+    ScalarBits bits = reader;
+    if (!takeDc(bits, tables, predictor)) return false;
+    const uint16_t* const skips = tables.acSkips->entries;
+    uint32_t next = 1;
+    while (next <= kLastCoefficient) {
+        if (!bits.refill()) return false;
+        const uint32_t entry = skips[bits.peek(kSkipLook)];
+        if (entry != 0) {
+            bits.drop(skipBits(entry));
+            next += skipAdvance(entry);
+            continue;
+        }
+        const uint32_t symbol = takeLongCode(bits, *tables.acTable, kSkipShortest);
+        if (symbol == kNoSymbol || !bits.refill()) return false;
+        bits.drop(symbol & 15);
+        next += symbol == 0 ? kSkipToEnd : (symbol >> 4) + 1;
+    }
+    reader = bits;
+    return next == kLastCoefficient + 1 || (next > kSkipToEnd && next <= kSkipToEnd + kLastCoefficient);
+}
+
+}  // namespace jpeg

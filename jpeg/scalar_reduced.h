@@ -1,0 +1,30 @@
+// Blocks at reduction 4 and 8, of which no coefficients are kept.
+#pragma once
+#include "jpeg/scalar_block.h"
+
+namespace jpeg {
+
+// What a coefficient adds to the four samples of a block at reduction 4. By inverseDct2, the samples are sums
+// and differences of four sums over the rows and columns 0, 1, 3, 5 and 7: that of coefficient 0, of its row,
+// of its column, and of all the others. They wrap, so they can be taken in any order.
+struct SumStep {
+    uint32_t sum;     // which: row not 0 (2) and column not 0 (1)
+    uint32_t weight;  // the scaled quantisation step with its sign; 0 for those that have no part
+};
+struct SumSteps {
+    SumStep steps[kLastCoefficient + kFarthestRun + 1];
+};
+
+void makeSumSteps(SumSteps& made, const uint32_t* prescaledQuant);
+
+// Decodes one block into its sums; false: not ordinary.
+bool decodeSums(ScalarBits& bits, const ScalarTables& tables, const SumSteps& steps, int32_t& predictor,
+                uint32_t* sums);
+
+// The four samples of a block from its sums. `out` and `stride` are multiples of 2.
+void storeSums(uint8_t* out, uint32_t stride, const uint32_t* sums);
+
+// Decodes one block of which only the predictor matters; false: not ordinary.
+bool decodeMean(ScalarBits& bits, const ScalarTables& tables, int32_t& predictor);
+
+}  // namespace jpeg

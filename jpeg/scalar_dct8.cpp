@@ -25,7 +25,8 @@ namespace {
 
 // The constants, read at run time: the compiler would make shifts and sums of each product otherwise, three
 // or four instructions where one multiplies.
-const volatile int32_t kFactors[] = {181, 473, 196, 50, 251, 213, 142};
+constexpr int32_t kBias = 2055;
+const volatile int32_t kFactors[] = {181, 473, 196, 50, 251, 213, 142, kBias << 8};
 struct Factors {
     const int32_t k181 = kFactors[0];
     const int32_t k473 = kFactors[1];
@@ -34,6 +35,7 @@ struct Factors {
     const int32_t k251 = kFactors[4];
     const int32_t k213 = kFactors[5];
     const int32_t k142 = kFactors[6];
+    const int32_t bias = kFactors[7];
 };
 
 // One column of 8 workspace rows. kRows: the coefficients that may not be 0.
@@ -50,13 +52,13 @@ inline void transformColumn(const Factors& f, int32_t* x, int32_t* out) {
     if constexpr (kRows == 4) {
         const int32_t a = x[0] * f.k181 >> 6;
         const int32_t b0 = x[2] * f.k473 >> 7;
-        const int32_t b1 = x[2] * f.k196 >> 7;
+        const int32_t b1 = x[2] * 49 >> 5;
         e0 = a + b0;
         e1 = a + b1;
         e2 = a - b1;
         e3 = a - b0;
-        p0 = x[1] * f.k50 >> 6;
-        p1 = x[3] * -f.k142 >> 6;
+        p0 = x[1] * 25 >> 5;
+        p1 = x[3] * -71 >> 5;
         p2 = x[3] * f.k213 >> 6;
         p3 = x[1] * f.k251 >> 6;
     } else {
@@ -90,10 +92,9 @@ inline void transformColumn(const Factors& f, int32_t* x, int32_t* out) {
     out[56] = e0 - s3;
 }
 
-constexpr int32_t kBias = 2055;
 constexpr uint32_t kRoundingBits = 0x08000800;
 constexpr uint32_t kClampBits = 0xF000F000;
-constexpr uint32_t kByteOfEach = 0x00FF00FF;
+constexpr uint32_t kSampleBits = 0x0FF00FF0;
 
 inline uint32_t pairOf(int32_t low, int32_t high) {
     return static_cast<uint32_t>(low) + (static_cast<uint32_t>(high) << 16);
@@ -103,37 +104,32 @@ inline uint32_t rounded(uint32_t pair) {
     return pair + ((pair & kRoundingBits) >> 11);
 }
 
-inline uint32_t bytesOf(uint32_t pair) {
-    return pair >> 4 & kByteOfEach;
-}
-
 inline uint8_t clampedByte(int32_t value) {
     const int32_t sample = (value + (value >= kBias ? 1 : 0)) >> 4;
     return static_cast<uint8_t>(sample < 0 ? 0 : sample > 255 ? 255 : sample);
 }
 
-// A row's values: first and third, eighth and sixth, fourth and second, fifth and seventh.
-struct RowPairs {
-    uint32_t v02, v75, v31, v46;
-};
-
-// Halves of a row from the bytes of its pairs.
-inline void storeRow(uint8_t* out, const RowPairs& bytes) {
-    const auto turned = [](uint32_t pair) { return pair >> 8 | pair << 24; };
-    storeWord(out, bytes.v02 | turned(bytes.v31));
-    storeWord(out + 4, bytes.v46 | turned(bytes.v75));
+inline uint32_t rotatedRight(uint32_t word, int bits) {
+    return word >> bits | word << (32 - bits);
 }
 
-inline uint32_t clampedBytes(uint32_t pair) {
+// A row from its pairs, of which only kSampleBits may be set: samples 0 and 2, 7 and 5, 3 and 1, 4 and 6.
+// (One rotation at the end, in place of shifts by whole bytes before: that the compiler takes for a swap of
+// bytes, and makes six instructions of it.)
+inline void storeRow(uint8_t* out, uint32_t v02, uint32_t v75, uint32_t v31, uint32_t v46) {
+    storeWord(out, rotatedRight(v02 | rotatedRight(v31, 8), 4));
+    storeWord(out + 4, rotatedRight(v46 | rotatedRight(v75, 8), 4));
+}
+
+inline uint32_t clampedSamples(uint32_t pair) {
     const int32_t low = static_cast<int16_t>(pair);
     const int32_t high = static_cast<int32_t>(pair - static_cast<uint32_t>(low)) >> 16;
-    return clampedByte(low) | static_cast<uint32_t>(clampedByte(high)) << 16;
+    return static_cast<uint32_t>(clampedByte(low) << 4) | static_cast<uint32_t>(clampedByte(high)) << 20;
 }
 
-// Values of which some are to be clamped, before their rounding.
-[[gnu::noinline]] void storeClampedRow(uint8_t* out, const RowPairs& pairs) {
-    storeRow(out, {clampedBytes(pairs.v02), clampedBytes(pairs.v75), clampedBytes(pairs.v31),
-                   clampedBytes(pairs.v46)});
+// Of values of which some are to be clamped, before their rounding.
+[[gnu::noinline]] void storeClampedRow(uint8_t* out, uint32_t v02, uint32_t v75, uint32_t v31, uint32_t v46) {
+    storeRow(out, clampedSamples(v02), clampedSamples(v75), clampedSamples(v31), clampedSamples(v46));
 }
 
 // One row of samples. kColumns: the workspace columns that may not be 0.
@@ -142,8 +138,8 @@ inline void transformRow(const Factors& f, const int32_t* y, uint8_t* out) {
     int32_t h0, h1, h2, h3;
     int32_t q0, q1, q2, q3;
     if constexpr (kColumns == 8) {
-        const int32_t f0 = ((y[0] + y[4]) * f.k181 >> 8) + kBias;
-        const int32_t f1 = ((y[0] - y[4]) * f.k181 >> 8) + kBias;
+        const int32_t f0 = ((y[0] + y[4]) * f.k181 + f.bias) >> 8;
+        const int32_t f1 = ((y[0] - y[4]) * f.k181 + f.bias) >> 8;
         const int32_t g0 = (y[2] * f.k196 - y[6] * f.k473) >> 9;
         const int32_t g1 = (y[2] * f.k473 + y[6] * f.k196) >> 9;
         h0 = f0 + g1;
@@ -155,15 +151,15 @@ inline void transformRow(const Factors& f, const int32_t* y, uint8_t* out) {
         q2 = (y[3] * f.k213 + y[5] * f.k142) >> 8;
         q3 = (y[1] * f.k251 + y[7] * f.k50) >> 8;
     } else {
-        const int32_t flat = (y[0] * f.k181 >> 8) + kBias;
-        const int32_t g0 = kColumns == 4 ? y[2] * f.k196 >> 9 : 0;
+        const int32_t flat = (y[0] * f.k181 + f.bias) >> 8;
+        const int32_t g0 = kColumns == 4 ? y[2] * 49 >> 7 : 0;
         const int32_t g1 = kColumns == 4 ? y[2] * f.k473 >> 9 : 0;
         h0 = flat + g1;
         h1 = flat + g0;
         h2 = flat - g0;
         h3 = flat - g1;
-        q0 = y[1] * f.k50 >> 8;
-        q1 = kColumns == 4 ? y[3] * -f.k142 >> 8 : 0;
+        q0 = y[1] * 25 >> 7;
+        q1 = kColumns == 4 ? y[3] * -71 >> 7 : 0;
         q2 = kColumns == 4 ? y[3] * f.k213 >> 8 : 0;
         q3 = y[1] * f.k251 >> 8;
     }
@@ -178,22 +174,21 @@ inline void transformRow(const Factors& f, const int32_t* y, uint8_t* out) {
     const uint32_t inner = pairOf(h3, h1);
     const uint32_t outerOdd = pairOf(s3, m1);
     const uint32_t innerOdd = pairOf(s0, m2);
-    const RowPairs pairs = {outer + outerOdd, outer - outerOdd, inner + innerOdd, inner - innerOdd};
-    const uint32_t v02 = rounded(pairs.v02);
-    const uint32_t v75 = rounded(pairs.v75);
-    const uint32_t v31 = rounded(pairs.v31);
-    const uint32_t v46 = rounded(pairs.v46);
+    const uint32_t v02 = rounded(outer + outerOdd);
+    const uint32_t v75 = rounded(outer - outerOdd);
+    const uint32_t v31 = rounded(inner + innerOdd);
+    const uint32_t v46 = rounded(inner - innerOdd);
     if (((v02 | v75 | v31 | v46) & kClampBits) == 0) {
-        storeRow(out, {bytesOf(v02), bytesOf(v75), bytesOf(v31), bytesOf(v46)});
+        storeRow(out, v02 & kSampleBits, v75 & kSampleBits, v31 & kSampleBits, v46 & kSampleBits);
     } else {
-        storeClampedRow(out, pairs);
+        storeClampedRow(out, outer + outerOdd, outer - outerOdd, inner + innerOdd, inner - innerOdd);
     }
 }
 
 // All samples of the row are alike.
 template <>
 inline void transformRow<1>(const Factors& f, const int32_t* y, uint8_t* out) {
-    const uint32_t sample = clampedByte((y[0] * f.k181 >> 8) + kBias);
+    const uint32_t sample = clampedByte((y[0] * f.k181 + f.bias) >> 8);
     const uint32_t word = sample * 0x01010101u;
     storeWord(out, word);
     storeWord(out + 4, word);
@@ -220,8 +215,14 @@ void transformBlock(ScalarBlock& block, uint8_t* out, uint32_t stride, uint32_t 
     const Factors f;
     int32_t work[64];
     transformColumns<kColumns>(f, block, work);
-    for (const int32_t* y = work; y != work + 64; y += 8 * (4 - keptRows), out += stride * (4 - keptRows)) {
-        for (uint32_t left = keptRows; left != 0; --left, y += 8, out += stride) transformRow<kColumns>(f, y, out);
+    const uint32_t dropped = 4 - keptRows;
+    for (const int32_t* y = work; y != work + 64; y += 8 * dropped, out += stride * dropped) {
+        const int32_t* const end = y + 8 * keptRows;
+        do {
+            transformRow<kColumns>(f, y, out);
+            y += 8;
+            out += stride;
+        } while (y != end);
     }
 }
 

@@ -1,24 +1,28 @@
-// Words of samples and pixels in memory, the lowest byte first on every machine. The compilers turn each of
-// these into one store where the machine's own order is the same.
+// Words of samples and pixels in memory, the lowest byte first on every machine.
 #pragma once
 #include <cstdint>
+#include <cstring>
 
 namespace jpeg {
 
-// `out` is a multiple of 2.
-inline void storeHalf(uint8_t* out, uint32_t value) {
-    uint8_t* const at = static_cast<uint8_t*>(__builtin_assume_aligned(out, 2));
-    at[0] = static_cast<uint8_t>(value);
-    at[1] = static_cast<uint8_t>(value >> 8);
+// `out` is a multiple of the value's size; the compilers make one store of it where the machine's own order is
+// the same.
+template <class Value>
+inline void storeAligned(uint8_t* out, Value value) {
+    uint8_t* const at = static_cast<uint8_t*>(__builtin_assume_aligned(out, sizeof value));
+#if __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+    std::memcpy(at, &value, sizeof value);
+#else
+    for (uint32_t i = 0; i < sizeof value; ++i) at[i] = static_cast<uint8_t>(value >> (8 * i));
+#endif
 }
 
-// `out` is a multiple of 4.
+inline void storeHalf(uint8_t* out, uint32_t value) {
+    storeAligned(out, static_cast<uint16_t>(value));
+}
+
 inline void storeWord(uint8_t* out, uint32_t value) {
-    uint8_t* const at = static_cast<uint8_t*>(__builtin_assume_aligned(out, 4));
-    at[0] = static_cast<uint8_t>(value);
-    at[1] = static_cast<uint8_t>(value >> 8);
-    at[2] = static_cast<uint8_t>(value >> 16);
-    at[3] = static_cast<uint8_t>(value >> 24);
+    storeAligned(out, value);
 }
 
 }  // namespace jpeg

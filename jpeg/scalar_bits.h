@@ -1,6 +1,6 @@
 // The reader of the scalar engine: a word of bits, the next one highest, filled two bytes at a time.
 //
-// It gives up (refill() is false) where the data are not ordinary: at a byte 0xFF that no stuffed zero
+// It gives up (begin() or drop() is false) where the data are not ordinary: at a byte 0xFF that no stuffed zero
 // follows, and close to the end of the chunk. The portable reader takes over there, from the start of the MCU.
 #pragma once
 #include "jpeg/decoder.h"
@@ -14,7 +14,7 @@ class ScalarBits {
         : m_held(context.bitCount == 0 ? 0 : context.bitBuffer << (32 - context.bitCount)),
           m_spare(context.bitCount - kAlwaysHeld),
           m_cursor(context.cursors.chunkCursor),
-          m_end(context.cursors.chunkEnd) {}
+          m_last(context.cursors.chunkEnd - 1) {}
 
     // Hands the bits back: whole units (a byte, or 0xFF with its zero) are put back into the chunk, but none
     // that `context` held before, which may be a marker's. Fewer than 8 bits stay, or what the portable
@@ -32,21 +32,23 @@ class ScalarBits {
         context.bitBuffer = count == 0 ? 0 : m_held >> (32 - count);
     }
 
-    // Makes at least 16 bits available; false: that takes more than ordinary data.
-    bool refill() { return m_spare >= 0 || pull(); }
+    // Before anything else: from here on, kAlwaysHeld bits can be looked at. False: not ordinary.
+    bool begin() { return m_spare >= 0 || pull(); }
 
-    // Of the bits available, 1..31.
     uint32_t peek(uint32_t bits) const { return m_held >> (32 - bits); }
-    void drop(uint32_t bits) {
+
+    // At most kAlwaysHeld bits. False: not ordinary.
+    bool drop(uint32_t bits) {
         m_held <<= bits;
         m_spare -= static_cast<int32_t>(bits);
+        return m_spare >= 0 || pull();
     }
 
   private:
-    static constexpr int32_t kAlwaysHeld = 16;  // bits after refill()
+    static constexpr int32_t kAlwaysHeld = 16;
 
     bool pull() {
-        if (m_end - m_cursor < 2) return false;
+        if (m_cursor >= m_last) return false;
         const uint32_t first = m_cursor[0];
         const uint32_t second = m_cursor[1];
         if (first == 0xFF || second == 0xFF) return pullUnits();
@@ -59,7 +61,7 @@ class ScalarBits {
     // The same unit by unit.
     bool pullUnits() {
         for (; m_spare < 0; m_spare += 8) {
-            if (m_end - m_cursor < 2) return false;
+            if (m_cursor >= m_last) return false;
             const uint32_t value = *m_cursor++;
             if (value == 0xFF && *m_cursor++ != 0) return false;
             m_held |= value << (8 - m_spare);
@@ -70,7 +72,7 @@ class ScalarBits {
     uint32_t m_held;
     int32_t m_spare;  // bits held beyond kAlwaysHeld
     const uint8_t* m_cursor;
-    const uint8_t* m_end;
+    const uint8_t* m_last;  // of the chunk: the second of two bytes
 };
 
 }  // namespace jpeg

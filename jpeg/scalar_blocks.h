@@ -1,11 +1,10 @@
 // What becomes of a block in the scalar engine, by reduction. Each kind offers
-//   kSide                                   samples along the block's side
-//   prepare(context, walk)                  once for the scan; false: a scan that only the portable engine takes
-//   decode(bits, component, predictor, out) one block; false: not ordinary, and nothing has changed but the
-//                                           arguments and the samples
+//   kSide                      samples along the block's side
+//   makeSteps(steps, quant)    what its coefficients need; false: a table that only the portable engine takes
+//   decode(bits, plan, out)    one block; false: not ordinary, and nothing has changed but `bits`, samples and
+//                              the predictor
 #pragma once
 #include "jpeg/inverse_dct.h"
-#include "jpeg/mcu_loop.h"
 #include "jpeg/scalar_block.h"
 #include "jpeg/scalar_dct4.h"
 #include "jpeg/scalar_dct8.h"
@@ -13,80 +12,73 @@
 
 namespace jpeg {
 
+// A component on its way through the scan. Steps: those of the kind of block.
+template <class Steps>
+struct ComponentPlan {
+    ScalarTables tables;
+    const Steps* steps;
+    int32_t predictor;
+    uint32_t stride;
+    uint32_t keptRows;  // of every four
+};
+
 // Reduction 1 and 2, by a transform.
+template <uint32_t kBlockSide>
 class TransformedBlocks {
   public:
-    bool prepare(const DecoderContext& context, const ScanWalk& walk);
+    static constexpr uint32_t kSide = kBlockSide;
+    using Steps = BlockSteps;
+    using Plan = ComponentPlan<Steps>;
+    static bool makeSteps(Steps& steps, const uint32_t* quant) { return makeBlockSteps(steps, quant); }
 
-  protected:
-    bool decodeBlock(ScalarBits& bits, uint32_t index, int32_t& predictor, uint32_t maxMagnitude) {
-        const bool ordinary = decodeScalarBlock(bits, m_tables[index], *m_steps[index], predictor, m_block);
-        if (ordinary && m_block.magnitude <= maxMagnitude) return true;
-        m_block = {};
-        return false;
-    }
-
-    ScalarTables m_tables[kMaxScanComponents];
-    const BlockSteps* m_steps[kMaxScanComponents];
-    uint32_t m_strides[kMaxScanComponents];
-    uint32_t m_keptRows[kMaxScanComponents];
-    BlockSteps m_madeSteps[kMaxScanComponents];
-    ScalarBlock m_block;
-};
-
-class FullBlocks : public TransformedBlocks {
-  public:
-    static constexpr uint32_t kSide = 8;
-    bool decode(ScalarBits& bits, uint32_t index, int32_t& predictor, uint8_t* out) {
-        if (!decodeBlock(bits, index, predictor, kDct8MaxMagnitude)) return false;
-        scalarDct8(m_block, out, m_strides[index], m_keptRows[index]);
-        return true;
-    }
-};
-
-class HalfBlocks : public TransformedBlocks {
-  public:
-    static constexpr uint32_t kSide = 4;
-    bool decode(ScalarBits& bits, uint32_t index, int32_t& predictor, uint8_t* out) {
-        if (!decodeBlock(bits, index, predictor, kDct4MaxMagnitude)) return false;
-        scalarDct4(m_block, out, m_strides[index]);
-        return true;
-    }
-};
-
-// Reduction 4, by four sums.
-class QuarterBlocks {
-  public:
-    static constexpr uint32_t kSide = 2;
-    bool prepare(const DecoderContext& context, const ScanWalk& walk);
-    bool decode(ScalarBits& bits, uint32_t index, int32_t& predictor, uint8_t* out) {
-        uint32_t sums[4];
-        if (!decodeSums(bits, m_tables[index], *m_steps[index], predictor, sums)) return false;
-        storeSums(out, m_strides[index], sums);
+    bool decode(ScalarBits& bits, Plan& plan, uint8_t* out) {
+        constexpr uint32_t kMaxMagnitude = kSide == 8 ? kDct8MaxMagnitude : kDct4MaxMagnitude;
+        const bool ordinary = decodeScalarBlock(bits, plan.tables, *plan.steps, plan.predictor, m_block);
+        if (!ordinary || m_block.magnitude > kMaxMagnitude) {
+            m_block = {};
+            return false;
+        }
+        if constexpr (kSide == 8) {
+            scalarDct8(m_block, out, plan.stride, plan.keptRows);
+        } else {
+            scalarDct4(m_block, out, plan.stride);
+        }
         return true;
     }
 
   private:
-    ScalarTables m_tables[kMaxScanComponents];
-    const SumSteps* m_steps[kMaxScanComponents];
-    uint32_t m_strides[kMaxScanComponents];
-    SumSteps m_madeSteps[kMaxScanComponents];
+    ScalarBlock m_block = {};
+};
+
+// Reduction 4, by four sums.
+class SummedBlocks {
+  public:
+    static constexpr uint32_t kSide = 2;
+    using Steps = SumSteps;
+    using Plan = ComponentPlan<Steps>;
+    static bool makeSteps(Steps& steps, const uint32_t* quant) { return makeSumSteps(steps, quant); }
+
+    static bool decode(ScalarBits& bits, Plan& plan, uint8_t* out) {
+        return decodeSums(bits, plan.tables, *plan.steps, plan.predictor, out, plan.stride);
+    }
 };
 
 // Reduction 8, by the mean alone.
 class MeanBlocks {
   public:
     static constexpr uint32_t kSide = 1;
-    bool prepare(const DecoderContext& context, const ScanWalk& walk);
-    bool decode(ScalarBits& bits, uint32_t index, int32_t& predictor, uint8_t* out) {
-        if (!decodeMean(bits, m_tables[index], predictor)) return false;
-        *out = blockMean(predictor, m_quants[index]);
+    using Steps = uint32_t;  // that of the first coefficient
+    using Plan = ComponentPlan<Steps>;
+    static bool makeSteps(Steps& steps, const uint32_t* quant) {
+        steps = quant[0];
         return true;
     }
 
-  private:
-    ScalarTables m_tables[kMaxScanComponents];
-    uint32_t m_quants[kMaxScanComponents];
+    static bool decode(ScalarBits& bits, Plan& plan, uint8_t* out) {
+        if (!decodeMean(bits, plan.tables, plan.predictor)) return false;
+        *out = blockMean(plan.predictor, *plan.steps);
+        return true;
+    }
 };
 
 }  // namespace jpeg

@@ -1,7 +1,7 @@
 #include "jpeg/scalar_engine.h"
 
 #include "jpeg/portable_engine.h"
-#include "jpeg/scalar_blocks.h"
+#include "jpeg/scalar_plans.h"
 #include "jpeg/scalar_rows.h"
 
 namespace jpeg {
@@ -18,44 +18,47 @@ uint32_t ordinaryMcus(const DecoderContext& context, const ScanPlace& place) {
     return untilRestart < left ? untilRestart : left;
 }
 
-// The MCU at `place`; false: not ordinary, nothing has changed but samples.
+// The next MCU; false: not ordinary, nothing has changed but samples and their places.
 template <class Blocks>
-bool decodeMcu(ScalarBits& reader, ScanWalk& walk, Blocks& blocks) {
+inline bool decodeMcu(ScalarBits& reader, ScanPlan<Blocks>& scan, Blocks& blocks) {
     ScalarBits bits = reader;
-    int32_t predictors[kMaxScanComponents];
-    for (uint32_t index = 0; index < walk.count; ++index) {
-        const ComponentWalk& component = walk.components[index];
-        predictors[index] = component.predictor;
-        for (uint32_t v = 0; v < component.down; ++v) {
-            uint8_t* out = component.next + v * component.stride * Blocks::kSide;
-            for (uint32_t h = 0; h < component.across; ++h, out += Blocks::kSide) {
-                if (!blocks.decode(bits, index, predictors[index], out)) return false;
-            }
-        }
+    auto* const plans = scan.plans();
+    const int32_t first = plans[0].predictor;
+    const int32_t second = plans[1].predictor;
+    const int32_t third = plans[2].predictor;
+    for (auto* block = scan.blocks(); block != scan.blocksEnd(); ++block) {
+        uint8_t* const out = block->out;
+        block->out = out + block->advance;
+        if (blocks.decode(bits, *block->plan, out)) continue;
+        plans[0].predictor = first;
+        plans[1].predictor = second;
+        plans[2].predictor = third;
+        return false;
     }
     reader = bits;
-    for (uint32_t index = 0; index < walk.count; ++index) {
-        ComponentWalk& component = walk.components[index];
-        component.predictor = predictors[index];
-        component.next += component.across * Blocks::kSide;
-    }
     return true;
 }
 
 // MCUs from `place` on, until one is not ordinary.
 template <class Blocks>
-void decodeOrdinary(DecoderContext& context, ScanWalk& walk, ScanPlace& place, Blocks& blocks) {
+void decodeOrdinary(DecoderContext& context, ScanWalk& walk, ScanPlace& place, ScanPlan<Blocks>& scan,
+                    Blocks& blocks) {
     ScalarBits bits(context);
+    if (!bits.begin()) return;
     seekMcu(walk, place, Blocks::kSide);
+    scan.begin(walk);
     for (uint32_t left = ordinaryMcus(context, place); left != 0; --left) {
-        if (!decodeMcu(bits, walk, blocks)) break;
+        if (!decodeMcu(bits, scan, blocks)) break;
         ++place.sinceRestart;
         if (++place.column < context.mcusPerRow) continue;
         deliverMcuRow(context, place.row);
         place.column = 0;
         ++place.row;
+        scan.end(walk);
         seekMcu(walk, place, Blocks::kSide);
+        scan.begin(walk);
     }
+    scan.end(walk);
     bits.putBack(context);
 }
 
@@ -63,10 +66,11 @@ void decodeOrdinary(DecoderContext& context, ScanWalk& walk, ScanPlace& place, B
 template <class Blocks>
 uint32_t decodeScanOf(DecoderContext& context, ScanWalk& walk) {
     Blocks blocks;
+    ScanPlan<Blocks> scan;
     ScanPlace place;
-    if (!blocks.prepare(context, walk)) return continueStripsPortably(context, walk, place, kAllMcus);
+    if (!scan.make(context, walk)) return continueStripsPortably(context, walk, place, kAllMcus);
     while (place.row < context.mcuRows) {
-        decodeOrdinary(context, walk, place, blocks);
+        decodeOrdinary(context, walk, place, scan, blocks);
         const uint32_t code = continueStripsPortably(context, walk, place, 1);
         if (code != kDecodeOk) return code;
     }
@@ -79,11 +83,11 @@ uint32_t decodeStripsScalar(DecoderContext& context, ScanWalk& walk) {
     context.convertRow = scalarRowConverter(context);
     switch (context.scaleDiv) {
         case 1:
-            return decodeScanOf<FullBlocks>(context, walk);
+            return decodeScanOf<TransformedBlocks<8>>(context, walk);
         case 2:
-            return decodeScanOf<HalfBlocks>(context, walk);
+            return decodeScanOf<TransformedBlocks<4>>(context, walk);
         case 4:
-            return decodeScanOf<QuarterBlocks>(context, walk);
+            return decodeScanOf<SummedBlocks>(context, walk);
         default:
             return decodeScanOf<MeanBlocks>(context, walk);
     }

@@ -16,33 +16,8 @@ inline uint32_t sampleOf(uint32_t sum) {
     return static_cast<uint32_t>(sample < 0 ? 0 : sample > 255 ? 255 : sample);
 }
 
-}  // namespace
-
-void makeSumSteps(SumSteps& made, const uint32_t* prescaledQuant) {
-    made = {};
-    for (uint32_t k = 0; k <= kLastCoefficient; ++k) {
-        const uint32_t place = kZigzag[k];
-        const uint32_t row = place / 8;
-        const uint32_t column = place % 8;
-        made.steps[k] = {(row != 0 ? 2u : 0u) + (column != 0 ? 1u : 0u),
-                         prescaledQuant[place] * static_cast<uint32_t>(kSigns[row] * kSigns[column])};
-    }
-}
-
-bool decodeSums(ScalarBits& reader, const ScalarTables& tables, const SumSteps& steps, int32_t& predictor,
-                uint32_t* sums) {
-    ScalarBits bits = reader;
-    if (!takeDc(bits, tables, predictor)) return false;
-    sums[0] = static_cast<uint32_t>(predictor) * steps.steps->weight;
-    sums[1] = sums[2] = sums[3] = 0;
-    const bool ordinary = takeAc(bits, tables, steps.steps, [sums](const SumStep& at, int32_t value) {
-        sums[at.sum] += static_cast<uint32_t>(value) * at.weight;
-    });
-    reader = bits;
-    return ordinary;
-}
-
-void storeSums(uint8_t* out, uint32_t stride, const uint32_t* sums) {
+// The four samples of a block from its sums.
+inline void storeSums(uint8_t* out, uint32_t stride, const uint32_t* sums) {
     const uint32_t upper = sums[0] + sums[2];
     const uint32_t lower = sums[0] - sums[2];
     const uint32_t upperOdd = sums[1] + sums[3];
@@ -51,22 +26,50 @@ void storeSums(uint8_t* out, uint32_t stride, const uint32_t* sums) {
     storeHalf(out + stride, sampleOf(lower + lowerOdd) | sampleOf(lower - lowerOdd) << 8);
 }
 
+}  // namespace
+
+bool makeSumSteps(SumSteps& made, const uint32_t* prescaledQuant) {
+    made = {};
+    for (uint32_t k = 0; k <= kLastCoefficient; ++k) {
+        const uint32_t place = kZigzag[k];
+        const uint32_t row = place / 8;
+        const uint32_t column = place % 8;
+        made.steps[k] = {(row != 0 ? 2u : 0u) + (column != 0 ? 1u : 0u),
+                         prescaledQuant[place] * static_cast<uint32_t>(kSigns[row] * kSigns[column])};
+    }
+    return true;
+}
+
+bool decodeSums(ScalarBits& reader, const ScalarTables& tables, const SumSteps& steps, int32_t& predictor,
+                uint8_t* out, uint32_t stride) {
+    ScalarBits bits = reader;
+    if (!takeDc(bits, tables, predictor)) return false;
+    uint32_t sums[4] = {};
+    sums[0] = static_cast<uint32_t>(predictor) * steps.steps->weight;
+    const bool ordinary = takeAc(bits, tables, steps.steps, [&sums](const SumStep& at, int32_t value) {
+        sums[at.sum] += static_cast<uint32_t>(value) * at.weight;
+    });
+    if (!ordinary) return false;
+    reader = bits;
+    storeSums(out, stride, sums);
+    return true;
+}
+
 bool decodeMean(ScalarBits& reader, const ScalarTables& tables, int32_t& predictor) {
     ScalarBits bits = reader;
     if (!takeDc(bits, tables, predictor)) return false;
     const uint16_t* const skips = tables.acSkips->entries;
     uint32_t next = 1;
     while (next <= kLastCoefficient) {
-        if (!bits.refill()) return false;
         const uint32_t entry = skips[bits.peek(kSkipLook)];
         if (entry != 0) {
-            bits.drop(skipBits(entry));
             next += skipAdvance(entry);
+            if (!bits.drop(skipBits(entry))) return false;
             continue;
         }
-        const uint32_t symbol = takeLongCode(bits, *tables.acTable, kSkipShortest);
-        if (symbol == kNoSymbol || !bits.refill()) return false;
-        bits.drop(symbol & 15);
+        uint32_t symbol = 0;
+        const uint32_t length = longCode(bits, *tables.acTable, kSkipShortest, symbol);
+        if (symbol == kNoSymbol || !bits.drop(length) || !bits.drop(symbol & 15)) return false;
         next += symbol == 0 ? kSkipToEnd : (symbol >> 4) + 1;
     }
     reader = bits;

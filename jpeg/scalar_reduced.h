@@ -15,14 +15,12 @@ struct SumSteps {
     SumStep steps[kLastCoefficient + kFarthestRun + 1];
 };
 
-void makeSumSteps(SumSteps& made, const uint32_t* prescaledQuant);
+// Returns true: any table will do.
+bool makeSumSteps(SumSteps& made, const uint32_t* prescaledQuant);
 
-// Decodes one block into its sums; false: not ordinary.
+// Decodes one block into its four samples; false: not ordinary. `out` and `stride` are multiples of 2.
 bool decodeSums(ScalarBits& bits, const ScalarTables& tables, const SumSteps& steps, int32_t& predictor,
-                uint32_t* sums);
-
-// The four samples of a block from its sums. `out` and `stride` are multiples of 2.
-void storeSums(uint8_t* out, uint32_t stride, const uint32_t* sums);
+                uint8_t* out, uint32_t stride);
 
 // Decodes one block of which only the predictor matters; false: not ordinary.
 bool decodeMean(ScalarBits& bits, const ScalarTables& tables, int32_t& predictor);

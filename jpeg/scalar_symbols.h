@@ -10,23 +10,31 @@ inline constexpr uint32_t kNoSymbol = 0x100;
 inline constexpr uint32_t kLastCoefficient = 63;
 inline constexpr uint32_t kFarthestRun = 16;  // a symbol leads no farther
 
-// Takes a code of `shortest` bits or more, of the 16 that are available. Returns its symbol, kNoSymbol where
-// no code begins.
-inline uint32_t takeLongCode(ScalarBits& bits, const HuffmanTable& table, uint32_t shortest = kCodeLook + 1) {
+// The length of a code of `shortest` bits or more; its symbol into `symbol`, kNoSymbol where no code begins.
+inline uint32_t longCode(const ScalarBits& bits, const HuffmanTable& table, uint32_t shortest,
+                         uint32_t& symbol) {
     for (uint32_t length = shortest; length <= table.maxLength; ++length) {
         const int32_t code = static_cast<int32_t>(bits.peek(length));
         if (code > table.maxCode[length]) continue;
-        bits.drop(length);
-        return table.huffVal[(table.valOffset[length] + code) & 0xFF];
+        symbol = table.huffVal[(table.valOffset[length] + code) & 0xFF];
+        return length;
     }
-    return kNoSymbol;
+    symbol = kNoSymbol;
+    return 0;
 }
 
-// The signed value of 1..15 bits, of the 16 that are available.
-inline int32_t takeValue(ScalarBits& bits, uint32_t size) {
-    const uint32_t magnitude = bits.peek(size);
-    bits.drop(size);
-    return extendSign(magnitude, size);
+// Takes a symbol without its value, by an entry of a CodeTable that has none. False: not ordinary.
+inline bool takeBareSymbol(ScalarBits& bits, const HuffmanTable& table, uint32_t entry, uint32_t& symbol) {
+    uint32_t length = entryBits(entry);
+    symbol = entrySymbol(entry);
+    if (entry == 0) length = longCode(bits, table, kCodeLook + 1, symbol);
+    return bits.drop(length) && symbol != kNoSymbol;
+}
+
+// Takes the signed value of 1..15 bits. False: not ordinary.
+inline bool takeValue(ScalarBits& bits, uint32_t size, int32_t& value) {
+    value = extendSign(bits.peek(size), size);
+    return bits.drop(size);
 }
 
 // One component's codes.
@@ -40,17 +48,15 @@ struct ScalarTables {
 
 // Adds the next difference to the predictor; false: not ordinary.
 inline bool takeDc(ScalarBits& bits, const ScalarTables& tables, int32_t& predictor) {
-    if (!bits.refill()) return false;
     const uint32_t entry = tables.dcCodes->entries[bits.peek(kCodeLook)];
     int32_t difference = entryValue(entry);
     if (difference != 0) {
-        bits.drop(entryBits(entry));
+        if (!bits.drop(entryBits(entry))) return false;
     } else {
-        uint32_t size = entrySymbol(entry);
-        bits.drop(entryBits(entry));
-        if (entry == 0) size = takeLongCode(bits, *tables.dcTable);
-        if (size == kNoSymbol || !bits.refill()) return false;
-        if (size != 0) difference = takeValue(bits, size);
+        uint32_t size = 0;
+        if (!takeBareSymbol(bits, *tables.dcTable, entry, size)) return false;
+        if (size == 0) return true;
+        if (!takeValue(bits, size, difference)) return false;
     }
     predictor = static_cast<int32_t>(static_cast<uint32_t>(predictor) + static_cast<uint32_t>(difference));
     return true;
@@ -63,19 +69,18 @@ inline bool takeAc(ScalarBits& bits, const ScalarTables& tables, const Step* ste
     const Step* const last = step + kLastCoefficient;
     const uint32_t* const codes = tables.acCodes->entries;
     do {
-        if (!bits.refill()) return false;
         const uint32_t entry = codes[bits.peek(kCodeLook)];
-        bits.drop(entryBits(entry));
         int32_t value = entryValue(entry);
         if (value != 0) {
             step += entryAdvance(entry);
+            if (!bits.drop(entryBits(entry))) return false;
         } else {
-            const uint32_t symbol = entry != 0 ? entrySymbol(entry) : takeLongCode(bits, *tables.acTable);
+            uint32_t symbol = 0;
+            if (!takeBareSymbol(bits, *tables.acTable, entry, symbol)) return false;
             if (symbol == 0) return true;
-            if (symbol == kNoSymbol || !bits.refill()) return false;
             step += (symbol >> 4) + 1;
             if ((symbol & 15) == 0) continue;
-            value = takeValue(bits, symbol & 15);
+            if (!takeValue(bits, symbol & 15, value)) return false;
         }
         store(*step, value);
     } while (step < last);

@@ -2,6 +2,8 @@
 // has to be clamped goes through the portable formats.
 #include "jpeg/scalar_rows.h"
 
+#include <utility>
+
 #include "jpeg/pixel_formats.h"
 #include "jpeg/scalar_colors.h"
 #include "jpeg/scalar_words.h"
@@ -10,44 +12,91 @@ namespace jpeg {
 
 namespace {
 
-// Read at run time, so that the compiler multiplies instead of adding shifted copies one by one.
+// Read at run time: the compiler would add shifted copies instead of multiplying, and mask in two steps.
 const volatile uint32_t kRuntimeLumaLanes = kLumaLanes;
+const volatile uint32_t kRuntimeRedBlue = 0xF81F;
+const volatile uint32_t kRuntimeGreen = 0x07E0;
 
-// The formats: what puts the lanes of `kColumns` pixels, none of which needs clamping.
+struct Channels {
+    uint32_t red, green, blue;
+};
+
+// The formats: kAlignment of the rows; put() writes pixels of which no channel needs clamping, putOne() one of
+// clamped channels.
 struct LanesToBgr24 {
-    using Portable = Bgr24;
     static constexpr uint32_t kAlignment = 1;
     template <uint32_t kColumns>
     static uint8_t* put(uint8_t* out, const uint32_t* lanes) {
-        for (uint32_t i = 0; i < kColumns; ++i, out += 3) {
-            out[0] = static_cast<uint8_t>(lanes[i]);
-            out[1] = static_cast<uint8_t>(lanes[i] >> (kGreenLane + 2));
-            out[2] = static_cast<uint8_t>(lanes[i] >> kRedLane);
+        for (uint32_t i = 0; i < kColumns; ++i) {
+            out = putOne(out, {lanes[i] >> kRedLane, lanes[i] >> (kGreenLane + 2), lanes[i]});
         }
         return out;
+    }
+    // Of each channel only the lowest byte counts.
+    static uint8_t* putOne(uint8_t* out, const Channels& channels) {
+        out[0] = static_cast<uint8_t>(channels.blue);
+        out[1] = static_cast<uint8_t>(channels.green);
+        out[2] = static_cast<uint8_t>(channels.red);
+        return out + 3;
     }
 };
 
 struct LanesToRgb565 {
-    using Portable = Rgb565;
-    static constexpr uint32_t kAlignment = 2;
-    // The lanes lie so that blue and red move to their places together.
-    static uint32_t pixel(uint32_t lanes) {
-        return (lanes >> 3 & 0xF81F) | (lanes >> 19 & 0x07E0);
-    }
+    static constexpr uint32_t kAlignment = 4;
     template <uint32_t kColumns>
     static uint8_t* put(uint8_t* out, const uint32_t* lanes) {
-        for (uint32_t i = 0; i < kColumns; ++i, out += 2) storeHalf(out, pixel(lanes[i]));
-        return out;
+        const uint32_t redBlue = kRuntimeRedBlue;
+        const uint32_t green = kRuntimeGreen;
+        // The lanes lie so that blue and red move to their places together.
+        const auto pixel = [=](uint32_t word) { return (word >> 3 & redBlue) | (word >> 19 & green); };
+        if constexpr (kColumns == 4) {
+            storeWord(out, pixel(lanes[0]) | pixel(lanes[1]) << 16);
+            storeWord(out + 4, pixel(lanes[2]) | pixel(lanes[3]) << 16);
+        } else {
+            for (uint32_t i = 0; i < kColumns; ++i) storeHalf(out + 2 * i, pixel(lanes[i]));
+        }
+        return out + 2 * kColumns;
+    }
+    static uint8_t* putOne(uint8_t* out, const Channels& channels) {
+        storeHalf(out, (channels.red & 0xF8) << 8 | (channels.green & 0xFC) << 3 | (channels.blue & 0xFF) >> 3);
+        return out + 2;
     }
 };
 
-// Columns per chroma pair; 4 = one pair for the whole group.
-template <class Portable, uint32_t kColumns, uint32_t kStep>
-[[gnu::noinline]] uint8_t* convertClamped(const SourceRow& row, uint8_t* out) {
-    for (uint32_t i = 0; i < kColumns; ++i) {
-        out = Portable::put(out, row.y[i], Portable::chroma(row, i / kStep));
-    }
+// Into 0..255, in the lowest byte.
+inline uint32_t clampedLevel(int32_t level) {
+    return static_cast<uint32_t>((level & ~255) == 0 ? level : ~(level >> 31));
+}
+
+// What a chroma pair adds to the channels, in whole levels: 4 Y is a whole number of them, so that the shares
+// may be rounded down before the sum is.
+struct LevelShares {
+    int32_t red, green, blue;
+};
+inline LevelShares levelShares(uint32_t chromaLanes) {
+    const auto lane = [](uint32_t lanes, uint32_t at) { return static_cast<int32_t>(lanes << (23 - at)) >> 23; };
+    const int32_t blue = lane(chromaLanes, 0);
+    const uint32_t withoutBlue = chromaLanes - static_cast<uint32_t>(blue);
+    const int32_t red = lane(withoutBlue, kRedLane);
+    const uint32_t greenAlone = withoutBlue - (static_cast<uint32_t>(red) << kRedLane);
+    return {red, static_cast<int32_t>(greenAlone) >> (kGreenLane + 2), blue};
+}
+
+template <class Format, uint32_t kStep, uint32_t kColumn>
+inline void convertOne(const uint8_t* y, const uint8_t* cb, const uint8_t* cr, LevelShares& shares, uint8_t*& out) {
+    constexpr uint32_t kAt = kColumn / kStep;
+    if constexpr (kColumn % kStep == 0) shares = levelShares(kChromaLanes.cb[cb[kAt]] + kChromaLanes.cr[cr[kAt]]);
+    const int32_t level = y[kColumn];
+    out = Format::putOne(out, {clampedLevel(level + shares.red), clampedLevel(level + shares.green),
+                               clampedLevel(level + shares.blue)});
+}
+
+// A group of which a channel has to be clamped. kStep: columns per chroma pair, 4 = one pair for the whole.
+template <class Format, uint32_t kStep, uint32_t... kColumn>
+[[gnu::noinline]] uint8_t* convertClamped(const uint8_t* y, const uint8_t* cb, const uint8_t* cr, uint8_t* out,
+                                          std::integer_sequence<uint32_t, kColumn...>) {
+    LevelShares shares;
+    (convertOne<Format, kStep, kColumn>(y, cb, cr, shares, out), ...);
     return out;
 }
 
@@ -73,7 +122,7 @@ uint8_t* convertGroups(const DecoderContext& context, const SourceRow& source, u
         if ((all & kLaneGuards) == 0) {
             out = Format::template put<kColumns>(out, lanes);
         } else {
-            out = convertClamped<typename Format::Portable, kColumns, kStep>({y, cb, cr}, out);
+            out = convertClamped<Format, kStep>(y, cb, cr, out, std::make_integer_sequence<uint32_t, kColumns>());
         }
         cb += kChromaPerGroup;
         cr += kChromaPerGroup;

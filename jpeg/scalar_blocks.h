@@ -59,7 +59,10 @@ class SummedBlocks {
     static bool makeSteps(Steps& steps, const uint32_t* quant) { return makeSumSteps(steps, quant); }
 
     static bool decode(ScalarBits& bits, Plan& plan, uint8_t* out) {
-        return decodeSums(bits, plan.tables, *plan.steps, plan.predictor, out, plan.stride);
+        BlockSums sums;
+        if (!decodeSums(bits, plan.tables, *plan.steps, plan.predictor, sums)) return false;
+        storeSums(out, plan.stride, sums);
+        return true;
     }
 };
 

@@ -16,16 +16,6 @@ inline uint32_t sampleOf(uint32_t sum) {
     return static_cast<uint32_t>(sample < 0 ? 0 : sample > 255 ? 255 : sample);
 }
 
-// The four samples of a block from its sums.
-inline void storeSums(uint8_t* out, uint32_t stride, const uint32_t* sums) {
-    const uint32_t upper = sums[0] + sums[2];
-    const uint32_t lower = sums[0] - sums[2];
-    const uint32_t upperOdd = sums[1] + sums[3];
-    const uint32_t lowerOdd = sums[1] - sums[3];
-    storeHalf(out, sampleOf(upper + upperOdd) | sampleOf(upper - upperOdd) << 8);
-    storeHalf(out + stride, sampleOf(lower + lowerOdd) | sampleOf(lower - lowerOdd) << 8);
-}
-
 }  // namespace
 
 bool makeSumSteps(SumSteps& made, const uint32_t* prescaledQuant) {
@@ -41,18 +31,26 @@ bool makeSumSteps(SumSteps& made, const uint32_t* prescaledQuant) {
 }
 
 bool decodeSums(ScalarBits& reader, const ScalarTables& tables, const SumSteps& steps, int32_t& predictor,
-                uint8_t* out, uint32_t stride) {
+                BlockSums& sums) {
     ScalarBits bits = reader;
     if (!takeDc(bits, tables, predictor)) return false;
-    uint32_t sums[4] = {};
-    sums[0] = static_cast<uint32_t>(predictor) * steps.steps->weight;
-    const bool ordinary = takeAc(bits, tables, steps.steps, [&sums](const SumStep& at, int32_t value) {
-        sums[at.sum] += static_cast<uint32_t>(value) * at.weight;
+    sums = {{static_cast<uint32_t>(predictor) * steps.steps->weight}};
+    const bool ordinary = takeAc(bits, tables, steps.steps, [&sums](const SumStep& step, int32_t value) {
+        const uint32_t weight = step.weight;
+        sums.at[step.sum] += static_cast<uint32_t>(value) * weight;
     });
-    if (!ordinary) return false;
     reader = bits;
-    storeSums(out, stride, sums);
-    return true;
+    return ordinary;
+}
+
+void storeSums(uint8_t* out, uint32_t stride, const BlockSums& block) {
+    const uint32_t* const sums = block.at;
+    const uint32_t upper = sums[0] + sums[2];
+    const uint32_t lower = sums[0] - sums[2];
+    const uint32_t upperOdd = sums[1] + sums[3];
+    const uint32_t lowerOdd = sums[1] - sums[3];
+    storeHalf(out, sampleOf(upper + upperOdd) | sampleOf(upper - upperOdd) << 8);
+    storeHalf(out + stride, sampleOf(lower + lowerOdd) | sampleOf(lower - lowerOdd) << 8);
 }
 
 bool decodeMean(ScalarBits& reader, const ScalarTables& tables, int32_t& predictor) {

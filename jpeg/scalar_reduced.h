@@ -18,9 +18,16 @@ struct SumSteps {
 // Returns true: any table will do.
 bool makeSumSteps(SumSteps& made, const uint32_t* prescaledQuant);
 
-// Decodes one block into its four samples; false: not ordinary. `out` and `stride` are multiples of 2.
+struct BlockSums {
+    uint32_t at[4];
+};
+
+// Decodes one block into its sums; false: not ordinary.
 bool decodeSums(ScalarBits& bits, const ScalarTables& tables, const SumSteps& steps, int32_t& predictor,
-                uint8_t* out, uint32_t stride);
+                BlockSums& sums);
+
+// The four samples of a block from its sums. `out` and `stride` are multiples of 2.
+void storeSums(uint8_t* out, uint32_t stride, const BlockSums& sums);
 
 // Decodes one block of which only the predictor matters; false: not ordinary.
 bool decodeMean(ScalarBits& bits, const ScalarTables& tables, int32_t& predictor);

@@ -152,8 +152,8 @@ inline void transformRow(const Factors& f, const int32_t* y, uint8_t* out) {
         q3 = (y[1] * f.k251 + y[7] * f.k50) >> 8;
     } else {
         const int32_t flat = (y[0] * f.k181 + f.bias) >> 8;
-        const int32_t g0 = kColumns == 4 ? y[2] * 49 >> 7 : 0;
-        const int32_t g1 = kColumns == 4 ? y[2] * f.k473 >> 9 : 0;
+        const int32_t g0 = kColumns >= 3 ? y[2] * 49 >> 7 : 0;
+        const int32_t g1 = kColumns >= 3 ? y[2] * f.k473 >> 9 : 0;
         h0 = flat + g1;
         h1 = flat + g0;
         h2 = flat - g0;
@@ -247,8 +247,10 @@ void scalarDct8(ScalarBlock& block, uint8_t* out, uint32_t stride, uint32_t kept
     const uint32_t columns = columnsOf(block);
     if (columns >= 1u << 4) {
         transformBlock<8>(block, out, stride, keptRows);
-    } else if (columns >= 1u << 2) {
+    } else if (columns >= 1u << 3) {
         transformBlock<4>(block, out, stride, keptRows);
+    } else if (columns >= 1u << 2) {
+        transformBlock<3>(block, out, stride, keptRows);
     } else if (columns >= 1u << 1) {
         transformBlock<2>(block, out, stride, keptRows);
     } else {

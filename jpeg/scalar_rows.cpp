@@ -26,7 +26,7 @@ struct Channels {
 struct LanesToBgr24 {
     static constexpr uint32_t kAlignment = 1;
     template <uint32_t kColumns>
-    static uint8_t* put(uint8_t* out, const uint32_t* lanes) {
+    uint8_t* put(uint8_t* out, const uint32_t* lanes) const {
         for (uint32_t i = 0; i < kColumns; ++i) {
             out = putOne(out, {lanes[i] >> kRedLane, lanes[i] >> (kGreenLane + 2), lanes[i]});
         }
@@ -43,12 +43,13 @@ struct LanesToBgr24 {
 
 struct LanesToRgb565 {
     static constexpr uint32_t kAlignment = 4;
+    const uint32_t redBlue = kRuntimeRedBlue;
+    const uint32_t green = kRuntimeGreen;
+
+    // The lanes lie so that blue and red move to their places together.
+    uint32_t pixel(uint32_t lanes) const { return (lanes >> 3 & redBlue) | (lanes >> 19 & green); }
     template <uint32_t kColumns>
-    static uint8_t* put(uint8_t* out, const uint32_t* lanes) {
-        const uint32_t redBlue = kRuntimeRedBlue;
-        const uint32_t green = kRuntimeGreen;
-        // The lanes lie so that blue and red move to their places together.
-        const auto pixel = [=](uint32_t word) { return (word >> 3 & redBlue) | (word >> 19 & green); };
+    uint8_t* put(uint8_t* out, const uint32_t* lanes) const {
         if constexpr (kColumns == 4) {
             storeWord(out, pixel(lanes[0]) | pixel(lanes[1]) << 16);
             storeWord(out + 4, pixel(lanes[2]) | pixel(lanes[3]) << 16);
@@ -104,6 +105,7 @@ template <class Format, uint32_t kStep, uint32_t... kColumn>
 template <class Format, uint32_t kColumns, uint32_t kStep>
 uint8_t* convertGroups(const DecoderContext& context, const SourceRow& source, uint8_t* out) {
     constexpr uint32_t kChromaPerGroup = kStep == 1 ? 4 : 2;
+    const Format format;
     const uint32_t lumaLanes = kRuntimeLumaLanes;
     const uint32_t* const cbLanes = kChromaLanes.cb;
     const uint32_t* const crLanes = kChromaLanes.cr;
@@ -120,7 +122,7 @@ uint8_t* convertGroups(const DecoderContext& context, const SourceRow& source, u
         uint32_t all = lanes[0];
         for (uint32_t i = 1; i < kColumns; ++i) all |= lanes[i];
         if ((all & kLaneGuards) == 0) {
-            out = Format::template put<kColumns>(out, lanes);
+            out = format.template put<kColumns>(out, lanes);
         } else {
             out = convertClamped<Format, kStep>(y, cb, cr, out, std::make_integer_sequence<uint32_t, kColumns>());
         }

@@ -11,9 +11,12 @@ namespace {
 // 1, 3, 5, 7: their signs in inverseDct2; 0 itself: 1; the others have no part.
 constexpr int32_t kSigns[8] = {1, 1, 0, -1, 0, 1, 0, -1};
 
-inline uint32_t sampleOf(uint32_t sum) {
-    const int32_t sample = (static_cast<int32_t>(sum) >> 20) + 128;
-    return static_cast<uint32_t>(sample < 0 ? 0 : sample > 255 ? 255 : sample);
+constexpr uint32_t kBias = 128u << 20;  // the level shift
+constexpr uint32_t kClampBits = 0xF0000000;
+
+inline uint8_t clampedByte(uint32_t biased) {
+    const int32_t sample = (static_cast<int32_t>(biased - kBias) >> 20) + 128;
+    return static_cast<uint8_t>(sample < 0 ? 0 : sample > 255 ? 255 : sample);
 }
 
 }  // namespace
@@ -45,12 +48,18 @@ bool decodeSums(ScalarBits& reader, const ScalarTables& tables, const SumSteps& 
 
 void storeSums(uint8_t* out, uint32_t stride, const BlockSums& block) {
     const uint32_t* const sums = block.at;
-    const uint32_t upper = sums[0] + sums[2];
-    const uint32_t lower = sums[0] - sums[2];
+    const uint32_t upper = sums[0] + kBias + sums[2];
+    const uint32_t lower = sums[0] + kBias - sums[2];
     const uint32_t upperOdd = sums[1] + sums[3];
     const uint32_t lowerOdd = sums[1] - sums[3];
-    storeHalf(out, sampleOf(upper + upperOdd) | sampleOf(upper - upperOdd) << 8);
-    storeHalf(out + stride, sampleOf(lower + lowerOdd) | sampleOf(lower - lowerOdd) << 8);
+    const uint32_t s[4] = {upper + upperOdd, upper - upperOdd, lower + lowerOdd, lower - lowerOdd};
+    if (((s[0] | s[1] | s[2] | s[3]) & kClampBits) == 0) {
+        storeHalf(out, s[0] >> 20 | s[1] >> 20 << 8);
+        storeHalf(out + stride, s[2] >> 20 | s[3] >> 20 << 8);
+    } else {
+        storeHalf(out, static_cast<uint32_t>(clampedByte(s[0]) | clampedByte(s[1]) << 8));
+        storeHalf(out + stride, static_cast<uint32_t>(clampedByte(s[2]) | clampedByte(s[3]) << 8));
+    }
 }
 
 bool decodeMean(ScalarBits& reader, const ScalarTables& tables, int32_t& predictor) {

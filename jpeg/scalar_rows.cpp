@@ -14,8 +14,10 @@ namespace {
 
 // Read at run time: the compiler would add shifted copies instead of multiplying, and mask in two steps.
 const volatile uint32_t kRuntimeLumaLanes = kLumaLanes;
-const volatile uint32_t kRuntimeRedBlue = 0xF81F;
-const volatile uint32_t kRuntimeGreen = 0x07E0;
+const volatile uint32_t kRuntimeRed = 0xFFu << kRedLane;
+const volatile uint32_t kRuntimeGreen = 0xFFu << (kGreenLane + 2);
+const volatile uint32_t kRuntimeRedBlue565 = 0xF81F;
+const volatile uint32_t kRuntimeGreen565 = 0x07E0;
 
 struct Channels {
     uint32_t red, green, blue;
@@ -24,9 +26,21 @@ struct Channels {
 // The formats: kAlignment of the rows; put() writes pixels of which no channel needs clamping, putOne() one of
 // clamped channels.
 struct LanesToBgr24 {
-    static constexpr uint32_t kAlignment = 1;
+    using Portable = Bgr24;
+    static constexpr uint32_t kAlignment = 4;
+    const uint32_t red = kRuntimeRed;
+    const uint32_t green = kRuntimeGreen;
+
+    // Four pixels are three words.
     template <uint32_t kColumns>
     uint8_t* put(uint8_t* out, const uint32_t* lanes) const {
+        if constexpr (kColumns == 4) {
+            const uint32_t a = lanes[0], b = lanes[1], c = lanes[2], d = lanes[3];
+            storeWord(out, (a & 0xFF) | (a & green) >> 14 | (a & red) << 5 | b << 24);
+            storeWord(out + 4, b >> 22 | (b & red) >> 3 | (c & 0xFF) << 16 | (c & green) << 2);
+            storeWord(out + 8, (c & red) >> 11 | (d & 0xFF) << 8 | (d & green) >> 6 | (d & red) << 13);
+            return out + 12;
+        }
         for (uint32_t i = 0; i < kColumns; ++i) {
             out = putOne(out, {lanes[i] >> kRedLane, lanes[i] >> (kGreenLane + 2), lanes[i]});
         }
@@ -42,9 +56,10 @@ struct LanesToBgr24 {
 };
 
 struct LanesToRgb565 {
+    using Portable = Rgb565;
     static constexpr uint32_t kAlignment = 4;
-    const uint32_t redBlue = kRuntimeRedBlue;
-    const uint32_t green = kRuntimeGreen;
+    const uint32_t redBlue = kRuntimeRedBlue565;
+    const uint32_t green = kRuntimeGreen565;
 
     // The lanes lie so that blue and red move to their places together.
     uint32_t pixel(uint32_t lanes) const { return (lanes >> 3 & redBlue) | (lanes >> 19 & green); }

@@ -1,7 +1,6 @@
 #include "jpeg/scalar_reduced.h"
 
 #include "jpeg/scalar_skips.h"
-#include "jpeg/scalar_words.h"
 #include "jpeg/zigzag.h"
 
 namespace jpeg {
@@ -54,11 +53,15 @@ void storeSums(uint8_t* out, uint32_t stride, const BlockSums& block) {
     const uint32_t lowerOdd = sums[1] - sums[3];
     const uint32_t s[4] = {upper + upperOdd, upper - upperOdd, lower + lowerOdd, lower - lowerOdd};
     if (((s[0] | s[1] | s[2] | s[3]) & kClampBits) == 0) {
-        storeHalf(out, s[0] >> 20 | s[1] >> 20 << 8);
-        storeHalf(out + stride, s[2] >> 20 | s[3] >> 20 << 8);
+        out[0] = static_cast<uint8_t>(s[0] >> 20);
+        out[1] = static_cast<uint8_t>(s[1] >> 20);
+        out[stride] = static_cast<uint8_t>(s[2] >> 20);
+        out[stride + 1] = static_cast<uint8_t>(s[3] >> 20);
     } else {
-        storeHalf(out, static_cast<uint32_t>(clampedByte(s[0]) | clampedByte(s[1]) << 8));
-        storeHalf(out + stride, static_cast<uint32_t>(clampedByte(s[2]) | clampedByte(s[3]) << 8));
+        out[0] = clampedByte(s[0]);
+        out[1] = clampedByte(s[1]);
+        out[stride] = clampedByte(s[2]);
+        out[stride + 1] = clampedByte(s[3]);
     }
 }
 

@@ -26,7 +26,7 @@ struct BlockSums {
 bool decodeSums(ScalarBits& bits, const ScalarTables& tables, const SumSteps& steps, int32_t& predictor,
                 BlockSums& sums);
 
-// The four samples of a block from its sums. `out` and `stride` are multiples of 2.
+// The four samples of a block from its sums.
 void storeSums(uint8_t* out, uint32_t stride, const BlockSums& sums);
 
 // Decodes one block of which only the predictor matters; false: not ordinary.

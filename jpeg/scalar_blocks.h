@@ -12,16 +12,6 @@
 
 namespace jpeg {
 
-// A component on its way through the scan. Steps: those of the kind of block.
-template <class Steps>
-struct ComponentPlan {
-    ScalarTables tables;
-    const Steps* steps;
-    int32_t predictor;
-    uint32_t stride;
-    uint32_t keptRows;  // of every four
-};
-
 // Reduction 1 and 2, by a transform.
 template <uint32_t kBlockSide>
 class TransformedBlocks {
@@ -58,12 +48,10 @@ class SummedBlocks {
     using Plan = ComponentPlan<Steps>;
     static bool makeSteps(Steps& steps, const uint32_t* quant) { return makeSumSteps(steps, quant); }
 
-    static bool decode(ScalarBits& bits, Plan& plan, uint8_t* out) {
-        BlockSums sums;
-        if (!decodeSums(bits, plan.tables, *plan.steps, plan.predictor, sums)) return false;
-        storeSums(out, plan.stride, sums);
-        return true;
-    }
+    bool decode(ScalarBits& bits, Plan& plan, uint8_t* out) { return decodeSums(m_sums, bits, plan, out); }
+
+  private:
+    BlockSums m_sums;
 };
 
 // Reduction 8, by the mean alone.

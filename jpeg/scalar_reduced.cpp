@@ -18,34 +18,8 @@ inline uint8_t clampedByte(uint32_t biased) {
     return static_cast<uint8_t>(sample < 0 ? 0 : sample > 255 ? 255 : sample);
 }
 
-}  // namespace
-
-bool makeSumSteps(SumSteps& made, const uint32_t* prescaledQuant) {
-    made = {};
-    for (uint32_t k = 0; k <= kLastCoefficient; ++k) {
-        const uint32_t place = kZigzag[k];
-        const uint32_t row = place / 8;
-        const uint32_t column = place % 8;
-        made.steps[k] = {(row != 0 ? 2u : 0u) + (column != 0 ? 1u : 0u),
-                         prescaledQuant[place] * static_cast<uint32_t>(kSigns[row] * kSigns[column])};
-    }
-    return true;
-}
-
-bool decodeSums(ScalarBits& reader, const ScalarTables& tables, const SumSteps& steps, int32_t& predictor,
-                BlockSums& sums) {
-    ScalarBits bits = reader;
-    if (!takeDc(bits, tables, predictor)) return false;
-    sums = {{static_cast<uint32_t>(predictor) * steps.steps->weight}};
-    const bool ordinary = takeAc(bits, tables, steps.steps, [&sums](const SumStep& step, int32_t value) {
-        const uint32_t weight = step.weight;
-        sums.at[step.sum] += static_cast<uint32_t>(value) * weight;
-    });
-    reader = bits;
-    return ordinary;
-}
-
-void storeSums(uint8_t* out, uint32_t stride, const BlockSums& block) {
+// The four samples of a block from its sums.
+inline void storeSums(uint8_t* out, uint32_t stride, const BlockSums& block) {
     const uint32_t* const sums = block.at;
     const uint32_t upper = sums[0] + kBias + sums[2];
     const uint32_t lower = sums[0] + kBias - sums[2];
@@ -63,6 +37,34 @@ void storeSums(uint8_t* out, uint32_t stride, const BlockSums& block) {
         out[stride] = clampedByte(s[2]);
         out[stride + 1] = clampedByte(s[3]);
     }
+}
+
+}  // namespace
+
+bool makeSumSteps(SumSteps& made, const uint32_t* prescaledQuant) {
+    made = {};
+    for (uint32_t k = 0; k <= kLastCoefficient; ++k) {
+        const uint32_t place = kZigzag[k];
+        const uint32_t row = place / 8;
+        const uint32_t column = place % 8;
+        made.steps[k] = {(row != 0 ? 2u : 0u) + (column != 0 ? 1u : 0u),
+                         prescaledQuant[place] * static_cast<uint32_t>(kSigns[row] * kSigns[column])};
+    }
+    return true;
+}
+
+bool decodeSums(BlockSums& sums, ScalarBits& reader, ComponentPlan<SumSteps>& plan, uint8_t* out) {
+    ScalarBits bits = reader;
+    if (!takeDc(bits, plan.tables, plan.predictor)) return false;
+    const SumStep* const steps = plan.steps->steps;
+    sums = {{static_cast<uint32_t>(plan.predictor) * steps->weight}};
+    const auto add = [&sums](const SumStep& step, int32_t value) {
+        sums.at[step.sum] += static_cast<uint32_t>(value) * step.weight;
+    };
+    if (!takeAc(bits, plan.tables, steps, add)) return false;
+    reader = bits;
+    storeSums(out, plan.stride, sums);
+    return true;
 }
 
 bool decodeMean(ScalarBits& reader, const ScalarTables& tables, int32_t& predictor) {

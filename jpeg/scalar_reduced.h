@@ -22,12 +22,9 @@ struct BlockSums {
     uint32_t at[4];
 };
 
-// Decodes one block into its sums; false: not ordinary.
-bool decodeSums(ScalarBits& bits, const ScalarTables& tables, const SumSteps& steps, int32_t& predictor,
-                BlockSums& sums);
-
-// The four samples of a block from its sums.
-void storeSums(uint8_t* out, uint32_t stride, const BlockSums& sums);
+// Decodes one block into its four samples; false: not ordinary. (`sums` is room for work: in the caller's
+// hands its address is known, which saves an instruction each time.)
+bool decodeSums(BlockSums& sums, ScalarBits& bits, ComponentPlan<SumSteps>& plan, uint8_t* out);
 
 // Decodes one block of which only the predictor matters; false: not ordinary.
 bool decodeMean(ScalarBits& bits, const ScalarTables& tables, int32_t& predictor);

@@ -46,6 +46,16 @@ struct ScalarTables {
     const HuffmanTable* acTable;
 };
 
+// A component on its way through the scan. Steps: what the coefficients of its blocks need.
+template <class Steps>
+struct ComponentPlan {
+    ScalarTables tables;
+    const Steps* steps;
+    int32_t predictor;
+    uint32_t stride;
+    uint32_t keptRows;  // of every four
+};
+
 // Adds the next difference to the predictor; false: not ordinary.
 inline bool takeDc(ScalarBits& bits, const ScalarTables& tables, int32_t& predictor) {
     const uint32_t entry = tables.dcCodes->entries[bits.peek(kCodeLook)];

@@ -1,7 +1,8 @@
 // The reader of the scalar engine: a word of bits, the next one highest, filled two bytes at a time.
 //
-// It gives up (begin() or drop() is false) where the data are not ordinary: at a byte 0xFF that no stuffed zero
-// follows, and close to the end of the chunk. The portable reader takes over there, from the start of the MCU.
+// It gives up (begin() or drop() is false) where the data are not ordinary: at a byte 0xFF that no stuffed
+// zero follows, and close to the end of the chunk. The portable reader takes over there, from the start of
+// the MCU.
 #pragma once
 #include "jpeg/decoder.h"
 

@@ -30,15 +30,16 @@ bool makeBlockSteps(BlockSteps& made, const uint32_t* quant) {
     return true;
 }
 
-bool decodeScalarBlock(ScalarBits& reader, const ScalarTables& tables, const BlockSteps& blockSteps,
-                       int32_t& predictor, ScalarBlock& block) {
+bool decodeScalarBlock(ScalarBlock& block, ScalarBits& reader, ComponentPlan<BlockSteps>& plan) {
     ScalarBits bits = reader;
-    if (!takeDc(bits, tables, predictor)) return false;
-    const CoefficientStep* const steps = blockSteps.steps;
-    block.values[0] = static_cast<int32_t>(static_cast<uint32_t>(predictor) * static_cast<uint32_t>(steps->quant));
+    if (!takeDc(bits, plan.tables, plan.predictor)) return false;
+    const CoefficientStep* const steps = plan.steps->steps;
+    // The predictor of a damaged stream may be anything; the product wraps.
+    block.values[0] =
+        static_cast<int32_t>(static_cast<uint32_t>(plan.predictor) * static_cast<uint32_t>(steps->quant));
     uint32_t columns = 0;
     uint32_t magnitude = magnitudeOf(block.values[0]);
-    const bool ordinary = takeAc(bits, tables, steps, [&](const CoefficientStep& step, int32_t value) {
+    const bool ordinary = takeAc(bits, plan.tables, steps, [&](const CoefficientStep& step, int32_t value) {
         const int32_t dequantised = value * step.quant;
         block.values[(step.where & 0xFF) / 4] = dequantised;
         columns |= step.where;

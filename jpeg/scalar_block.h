@@ -53,7 +53,6 @@ struct BlockSteps {
 bool makeBlockSteps(BlockSteps& made, const uint32_t* quant);
 
 // Decodes one block into `block`; false: not ordinary, the block is to be cleared.
-bool decodeScalarBlock(ScalarBits& bits, const ScalarTables& tables, const BlockSteps& steps,
-                       int32_t& predictor, ScalarBlock& block);
+bool decodeScalarBlock(ScalarBlock& block, ScalarBits& bits, ComponentPlan<BlockSteps>& plan);
 
 }  // namespace jpeg

@@ -1,7 +1,8 @@
 // What becomes of a block in the scalar engine, by reduction. Each kind offers
 //   kSide                      samples along the block's side
 //   makeSteps(steps, quant)    what its coefficients need; false: a table that only the portable engine takes
-//   decode(bits, plan, out)    one block; false: not ordinary, and nothing has changed but `bits`, samples and
+//   decode(bits, plan, out)    one block; false: not ordinary, and nothing has changed but `bits`, samples
+//   and
 //                              the predictor
 #pragma once
 #include "jpeg/inverse_dct.h"
@@ -23,7 +24,7 @@ class TransformedBlocks {
 
     bool decode(ScalarBits& bits, Plan& plan, uint8_t* out) {
         constexpr uint32_t kMaxMagnitude = kSide == 8 ? kDct8MaxMagnitude : kDct4MaxMagnitude;
-        const bool ordinary = decodeScalarBlock(bits, plan.tables, *plan.steps, plan.predictor, m_block);
+        const bool ordinary = decodeScalarBlock(m_block, bits, plan);
         if (!ordinary || m_block.magnitude > kMaxMagnitude) {
             m_block = {};
             return false;
@@ -58,16 +59,16 @@ class SummedBlocks {
 class MeanBlocks {
   public:
     static constexpr uint32_t kSide = 1;
-    using Steps = uint32_t;  // that of the first coefficient
+    using Steps = MeanStep;
     using Plan = ComponentPlan<Steps>;
     static bool makeSteps(Steps& steps, const uint32_t* quant) {
-        steps = quant[0];
+        steps = {quant[0]};
         return true;
     }
 
     static bool decode(ScalarBits& bits, Plan& plan, uint8_t* out) {
-        if (!decodeMean(bits, plan.tables, plan.predictor)) return false;
-        *out = blockMean(plan.predictor, *plan.steps);
+        if (!decodeMean(bits, plan)) return false;
+        *out = blockMean(plan.predictor, plan.steps->quant);
         return true;
     }
 };

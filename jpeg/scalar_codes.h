@@ -6,9 +6,9 @@
 //     0                     | the symbol          | bits of the code alone: the value follows
 //     0                     | 0                   | 0: the code is longer than the look-ahead
 //
-// The second kind comes where code and value are too long together, and where the symbol has no value: the end
-// of a block, a run of 16 zeros, a DC difference of 0.
-// The tables are small on purpose: the handheld's processor has 8 KB of data cache.
+// The second kind comes where code and value are too long together, and where the symbol has no value: the
+// end of a block, a run of 16 zeros, a DC difference of 0. The tables are small on purpose: the handheld's
+// processor has 8 KB of data cache.
 #pragma once
 #include <cstdint>
 

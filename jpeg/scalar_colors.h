@@ -1,8 +1,8 @@
 // The colour conversion of four pixels at a time in plain words: all three channels of a pixel in one word.
 //
-// A channel is (4 Y + share) / 4, rounded down, as in color_tables.h. The shares of red and blue come from one
-// sample each, and 4 Y is a whole number of levels, so their share may be rounded down beforehand; green adds
-// up two and keeps its quarters. The lanes of a word:
+// A channel is (4 Y + share) / 4, rounded down, as in color_tables.h. The shares of red and blue come from
+// one sample each, and 4 Y is a whole number of levels, so their share may be rounded down beforehand; green
+// adds up two and keeps its quarters. The lanes of a word:
 //
 //     bits 0..8    blue, in levels           bit 8 set: not in 0..255
 //     bits 11..19  red, in levels            bit 19 set: not in 0..255

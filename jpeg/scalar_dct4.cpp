@@ -18,7 +18,7 @@ inline Word shiftRight(Word value, int bits) {
 }
 
 // Read at run time, so that they are multiplied by.
-const volatile Word kFactors[] = {15137, 0u - 6270, 11893, 0u - 1730, 0u - 17799,
+const volatile Word kFactors[] = {15137, 0u - 6270, 11893,     0u - 1730, 0u - 17799,
                                   8697,  7373,      0u - 4176, 0u - 4926, 20995};
 struct Factors {
     const Word even2 = kFactors[0];
@@ -63,7 +63,8 @@ inline FourWords transform(const Factors& f, const int32_t* values, Word bias) {
 template <uint32_t kRows>
 inline void transformColumn(const Factors& f, int32_t* x, int32_t* out) {
     const FourWords values = transform<kRows>(f, x, 0);
-    for (uint32_t row = 0; row < 4; ++row) out[8 * row] = static_cast<int32_t>(shiftRight(values.at[row], 12));
+    for (uint32_t row = 0; row < 4; ++row)
+        out[8 * row] = static_cast<int32_t>(shiftRight(values.at[row], 12));
     clearFirst<kRows>(x);
 }
 

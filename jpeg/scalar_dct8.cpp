@@ -10,11 +10,12 @@
 // A row's eight values are made two by two: the low half of a word holds one, the high half another, and sums
 // and differences of words are those of both. A low value that is negative takes one from its neighbour; it
 // is then clamped, and the clamping undoes that. With 2055 added, the level shift and nearly the rounding, a
-// value needs clamping unless it is in 0..4095 after the rest of the rounding: one more for values from 2055 on,
-// which is bit 11, since one more makes no difference to those from 2048 on.
+// value needs clamping unless it is in 0..4095 after the rest of the rounding: one more for values from 2055
+// on, which is bit 11, since one more makes no difference to those from 2048 on.
 //
 // A value is at most 4 times the sum of all coefficients' absolute values and less than 100 more, by the
-// transforms' constants and roundings. kDct8MaxMagnitude keeps it within 16 bits, and everything before it within 32.
+// transforms' constants and roundings. kDct8MaxMagnitude keeps it within 16 bits, and everything before it
+// within 32.
 #include "jpeg/scalar_dct8.h"
 
 #include "jpeg/scalar_words.h"

@@ -67,9 +67,10 @@ bool decodeSums(BlockSums& sums, ScalarBits& reader, ComponentPlan<SumSteps>& pl
     return true;
 }
 
-bool decodeMean(ScalarBits& reader, const ScalarTables& tables, int32_t& predictor) {
+bool decodeMean(ScalarBits& reader, ComponentPlan<MeanStep>& plan) {
     ScalarBits bits = reader;
-    if (!takeDc(bits, tables, predictor)) return false;
+    const ScalarTables& tables = plan.tables;
+    if (!takeDc(bits, tables, plan.predictor)) return false;
     const uint16_t* const skips = tables.acSkips->entries;
     uint32_t next = 1;
     while (next <= kLastCoefficient) {

@@ -26,7 +26,12 @@ struct BlockSums {
 // hands its address is known, which saves an instruction each time.)
 bool decodeSums(BlockSums& sums, ScalarBits& bits, ComponentPlan<SumSteps>& plan, uint8_t* out);
 
+// At reduction 8: the first coefficient's alone.
+struct MeanStep {
+    uint32_t quant;
+};
+
 // Decodes one block of which only the predictor matters; false: not ordinary.
-bool decodeMean(ScalarBits& bits, const ScalarTables& tables, int32_t& predictor);
+bool decodeMean(ScalarBits& bits, ComponentPlan<MeanStep>& plan);
 
 }  // namespace jpeg

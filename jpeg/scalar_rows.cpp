@@ -63,7 +63,8 @@ struct LanesToRgb565 {
         return out + 8;
     }
     static uint8_t* putOne(uint8_t* out, const Channels& channels) {
-        storeHalf(out, (channels.red & 0xF8) << 8 | (channels.green & 0xFC) << 3 | (channels.blue & 0xFF) >> 3);
+        storeHalf(out,
+                  (channels.red & 0xF8) << 8 | (channels.green & 0xFC) << 3 | (channels.blue & 0xFF) >> 3);
         return out + 2;
     }
 };
@@ -92,7 +93,9 @@ inline uint32_t chromaLanes(const uint8_t* cb, const uint8_t* cr, uint32_t pair)
 // may be rounded down before the sum is.
 struct LevelShares {
     explicit LevelShares(uint32_t lanes) {
-        const auto lane = [](uint32_t word, uint32_t at) { return static_cast<int32_t>(word << (23 - at)) >> 23; };
+        const auto lane = [](uint32_t word, uint32_t at) {
+            return static_cast<int32_t>(word << (23 - at)) >> 23;
+        };
         blue = lane(lanes, 0);
         const uint32_t withoutBlue = lanes - static_cast<uint32_t>(blue);
         red = lane(withoutBlue, kRedLane);
@@ -115,8 +118,11 @@ inline uint8_t* putClamped(uint8_t* out, int32_t level, const LevelShares& share
 
 // Four pixels of which a channel has to be clamped.
 template <class Format, class Pairs, uint32_t kA, uint32_t kB, uint32_t kC, uint32_t kD>
-[[gnu::noinline]] uint8_t* convertClamped(const uint8_t* y, const uint8_t* cb, const uint8_t* cr, uint8_t* out) {
-    const auto shares = [=](uint32_t column) { return LevelShares(chromaLanes(cb, cr, Pairs::pairOf(column))); };
+[[gnu::noinline]] uint8_t* convertClamped(const uint8_t* y, const uint8_t* cb, const uint8_t* cr,
+                                          uint8_t* out) {
+    const auto shares = [=](uint32_t column) {
+        return LevelShares(chromaLanes(cb, cr, Pairs::pairOf(column)));
+    };
     const LevelShares a = shares(kA);
     const LevelShares b = Pairs::pairOf(kB) == Pairs::pairOf(kA) ? a : shares(kB);
     const LevelShares c = Pairs::pairOf(kC) == Pairs::pairOf(kB) ? b : shares(kC);
@@ -128,12 +134,15 @@ template <class Format, class Pairs, uint32_t kA, uint32_t kB, uint32_t kC, uint
 }
 
 template <class Format, class Pairs, uint32_t kA, uint32_t kB, uint32_t kC, uint32_t kD>
-inline uint8_t* convertFour(const Format& format, uint32_t lumaLanes, const uint8_t* y, const uint8_t* cb, const uint8_t* cr,
-                            uint8_t* out, Columns<kA, kB, kC, kD>) {
+inline uint8_t* convertFour(const Format& format, uint32_t lumaLanes, const uint8_t* y, const uint8_t* cb,
+                            const uint8_t* cr, uint8_t* out, Columns<kA, kB, kC, kD>) {
     const uint32_t chromaA = chromaLanes(cb, cr, Pairs::pairOf(kA));
-    const uint32_t chromaB = Pairs::pairOf(kB) == Pairs::pairOf(kA) ? chromaA : chromaLanes(cb, cr, Pairs::pairOf(kB));
-    const uint32_t chromaC = Pairs::pairOf(kC) == Pairs::pairOf(kB) ? chromaB : chromaLanes(cb, cr, Pairs::pairOf(kC));
-    const uint32_t chromaD = Pairs::pairOf(kD) == Pairs::pairOf(kC) ? chromaC : chromaLanes(cb, cr, Pairs::pairOf(kD));
+    const uint32_t chromaB =
+        Pairs::pairOf(kB) == Pairs::pairOf(kA) ? chromaA : chromaLanes(cb, cr, Pairs::pairOf(kB));
+    const uint32_t chromaC =
+        Pairs::pairOf(kC) == Pairs::pairOf(kB) ? chromaB : chromaLanes(cb, cr, Pairs::pairOf(kC));
+    const uint32_t chromaD =
+        Pairs::pairOf(kD) == Pairs::pairOf(kC) ? chromaC : chromaLanes(cb, cr, Pairs::pairOf(kD));
     const FourLanes lanes = {y[kA] * lumaLanes + chromaA, y[kB] * lumaLanes + chromaB,
                              y[kC] * lumaLanes + chromaC, y[kD] * lumaLanes + chromaD};
     if (((lanes.a | lanes.b | lanes.c | lanes.d) & kLaneGuards) == 0) return format.put(out, lanes);
@@ -142,7 +151,8 @@ inline uint8_t* convertFour(const Format& format, uint32_t lumaLanes, const uint
 
 // A row of which every kColumns columns make sizeof...(Fours) times four pixels.
 template <class Format, class Pairs, uint32_t kColumns, class... Fours>
-inline uint8_t* convertRow(const DecoderContext& context, const SourceRow& row, uint8_t* out, Fours... fours) {
+inline uint8_t* convertRow(const DecoderContext& context, const SourceRow& row, uint8_t* out,
+                           Fours... fours) {
     const Format format;
     const uint32_t lumaLanes = kRuntimeLumaLanes;
     const uint8_t* y = row.y;

@@ -1,12 +1,13 @@
-// Look-ahead tables for blocks whose coefficients are not wanted: as many whole symbols as can be told from the
-// next kSkipLook bits, in one entry.
+// Look-ahead tables for blocks whose coefficients are not wanted: as many whole symbols as can be told from
+// the next kSkipLook bits, in one entry.
 //
 //     bits 0..7   bits of these symbols and their values, at most kSkipMaxBits
 //     bits 8..15  by how many coefficients they lead on; kSkipToEnd is added at the end of a block
 //
 // An entry 0 stands for a code that is longer.
-// Some symbols of an entry may lie behind the block's end: the block's 63rd coefficient needs no end of block.
-// Then the sum of the advances tells: it is neither exactly at the end nor, less kSkipToEnd, before it.
+// Some symbols of an entry may lie behind the block's end: the block's 63rd coefficient needs no end of
+// block. Then the sum of the advances tells: it is neither exactly at the end nor, less kSkipToEnd, before
+// it.
 #pragma once
 #include "jpeg/typical_tables.h"
 
@@ -15,7 +16,8 @@ namespace jpeg {
 inline constexpr uint32_t kSkipLook = 10;
 inline constexpr uint32_t kSkipMaxBits = 16;
 inline constexpr uint32_t kSkipToEnd = 128;
-inline constexpr uint32_t kSkipShortest = 7;  // code of an entry 0: more than kSkipMaxBits, of which 10 are value
+inline constexpr uint32_t kSkipShortest =
+    7;  // code of an entry 0: more than kSkipMaxBits, of which 10 are value
 
 struct SkipTable {
     uint16_t entries[1u << kSkipLook];
@@ -80,6 +82,7 @@ constexpr SkipTable makeSkipTable(const TypicalTable& typical) {
 }
 
 // AC luminance, AC chrominance.
-inline constexpr SkipTable kSkipTables[2] = {makeSkipTable(kTypicalTables[2]), makeSkipTable(kTypicalTables[3])};
+inline constexpr SkipTable kSkipTables[2] = {makeSkipTable(kTypicalTables[2]),
+                                             makeSkipTable(kTypicalTables[3])};
 
 }  // namespace jpeg

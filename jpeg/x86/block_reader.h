@@ -22,22 +22,22 @@ inline constexpr uint32_t kSkipsPerRefill = 2;
 static_assert(kSkipsPerRefill * (kAcLookBits + 10) <= 56 - kDcLookBits);
 
 template <class Lanes>
-class BlockReader {
+class BlockReader : public WordReader<Lanes> {
   public:
-    BlockReader(WordReader<Lanes>& bits, const LookTables& tables) : m_bits(bits), m_tables(tables) {}
+    using WordReader<Lanes>::WordReader;
 
     // Adds the next difference to the predictor; false: no such code.
-    bool dc(int32_t& predictor) {
-        m_bits.refill();
-        const int32_t look = m_tables.dc->entries[m_bits.peek(kDcLookBits)];
+    bool dc(const LookTables& tables, int32_t& predictor) {
+        this->refill();
+        const int32_t look = tables.dc->entries[this->peek(kDcLookBits)];
         int32_t difference = look >> 8;
         if ((look & 0xFF) != 0) {
-            m_bits.drop(look & 0xFF);
+            this->drop(look & 0xFF);
         } else {
             uint32_t size = 0;
-            if (!symbol(*m_tables.dcTable, size)) return false;
+            if (!symbol(*tables.dcTable, size)) return false;
             difference = magnitude(size);
-            m_bits.refill();
+            this->refill();
         }
         predictor =
             static_cast<int32_t>(static_cast<uint32_t>(predictor) + static_cast<uint32_t>(difference));
@@ -45,28 +45,28 @@ class BlockReader {
     }
 
     // The block ends without a coefficient.
-    bool endsAtOnce() {
-        const uint32_t look = m_tables.ac->entries[m_bits.peek(kAcLookBits)];
+    bool endsAtOnce(const LookTables& tables) {
+        const uint32_t look = tables.ac->entries[this->peek(kAcLookBits)];
         if ((look >> 8) != kEndOfBlockBit >> 8) return false;
-        m_bits.drop(look & 0xFF);
+        this->drop(look & 0xFF);
         return true;
     }
 
     // Takes the coefficients after dc(): sink.store(k, value) gets those of looks and zeros in between, in
     // the stream's order, values of 6 bits; sink.storeLarge(k, value) any other. False: no such code.
     template <class Sink>
-    bool ac(Sink& sink) {
-        for (uint32_t k = 1;; m_bits.refill()) {
+    bool ac(const LookTables& tables, Sink& sink) {
+        for (uint32_t k = 1;; this->refill()) {
             for (uint32_t looks = 0; looks < kLooksPerRefill; ++looks) {
-                const uint32_t look = m_tables.ac->entries[m_bits.peek(kAcLookBits)];
+                const uint32_t look = tables.ac->entries[this->peek(kAcLookBits)];
                 const uint32_t last = k + (look >> 8 & 63);
                 // What comes after the 63rd coefficient is the next block's: near it, one by one.
                 if (last > 62) {
-                    const Step step = single(sink, k);
+                    const Step step = single(*tables.acTable, sink, k);
                     if (step == kGoOn) break;
                     return step == kBlockEnds;
                 }
-                m_bits.drop(look & 0xFF);
+                this->drop(look & 0xFF);
                 sink.store(k + (look >> 16 & 15), static_cast<int32_t>(look << 6) >> 27);
                 sink.store(last, static_cast<int32_t>(look) >> 26);
                 if ((look & kEndOfBlockBit) != 0) return true;
@@ -76,20 +76,20 @@ class BlockReader {
     }
 
     // The same without looking at the coefficients.
-    bool skipAc() {
+    bool skipAc(const LookTables& tables) {
         struct {
             void storeLarge(uint32_t, int32_t) {}
         } forget;
-        for (uint32_t k = 1;; m_bits.refill()) {
+        for (uint32_t k = 1;; this->refill()) {
             for (uint32_t looks = 0; looks < kSkipsPerRefill; ++looks) {
-                const uint32_t look = m_tables.skip->entries[m_bits.peek(kAcLookBits)];
+                const uint32_t look = tables.skip->entries[this->peek(kAcLookBits)];
                 const uint32_t next = k + (look >> 8 & 63);
                 if (next > 63) {
-                    const Step step = single(forget, k);
+                    const Step step = single(*tables.acTable, forget, k);
                     if (step == kGoOn) break;
                     return step == kBlockEnds;
                 }
-                m_bits.drop(look & 0xFF);
+                this->drop(look & 0xFF);
                 if ((look & kEndOfBlockBit) != 0) return true;
                 k = next;
             }
@@ -101,10 +101,10 @@ class BlockReader {
 
     // One symbol of any length, as decodeAc() takes it.
     template <class Sink>
-    Step single(Sink& sink, uint32_t& k) {
-        m_bits.refill();
+    Step single(const HuffmanTable& table, Sink& sink, uint32_t& k) {
+        this->refill();
         uint32_t symbolValue = 0;
-        if (!symbol(*m_tables.acTable, symbolValue)) return kBadCode;
+        if (!symbol(table, symbolValue)) return kBadCode;
         const uint32_t run = symbolValue >> 4;
         const uint32_t size = symbolValue & 15;
         if (size != 0) {
@@ -122,26 +122,23 @@ class BlockReader {
 
     // As decodeSymbol(), of 16 bits at once.
     bool symbol(const HuffmanTable& table, uint32_t& value) {
-        const uint32_t bits = m_bits.peek(16);
+        const uint32_t bits = this->peek(16);
         if (const uint32_t known = table.lookLength[bits >> 8]; known != 0) {
-            m_bits.drop(known);
+            this->drop(known);
             value = table.lookValue[bits >> 8];
             return true;
         }
         for (uint32_t length = 9; length <= table.maxLength; ++length) {
             const int32_t code = static_cast<int32_t>(bits >> (16 - length));
             if (code > table.maxCode[length]) continue;
-            m_bits.drop(length);
+            this->drop(length);
             value = table.huffVal[(table.valOffset[length] + code) & 0xFF];
             return true;
         }
         return false;
     }
 
-    int32_t magnitude(uint32_t size) { return extendSign(m_bits.take(size), size); }
-
-    WordReader<Lanes>& m_bits;
-    const LookTables& m_tables;
+    int32_t magnitude(uint32_t size) { return extendSign(this->take(size), size); }
 };
 
 }  // namespace jpeg

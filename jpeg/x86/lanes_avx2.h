@@ -14,7 +14,8 @@ struct Avx2Lanes {
     using Half = __m128i;
     using Wide = __m256i;
 
-    static Wide load(const int16_t* from) { return _mm256_loadu_si256(reinterpret_cast<const Wide*>(from)); }
+    // From an address that is a multiple of 32.
+    static Wide load(const int16_t* from) { return _mm256_load_si256(reinterpret_cast<const Wide*>(from)); }
     static void store(void* to, Wide a) { _mm256_storeu_si256(static_cast<Wide*>(to), a); }
     static Wide both(Half a) { return _mm256_broadcastsi128_si256(a); }
     static Wide all16(int16_t value) { return _mm256_set1_epi16(value); }

@@ -1,7 +1,11 @@
 // What becomes of a block in the fast engines, by reduction. Each kind offers
-//   kStep                           samples of a block's side
-//   setUp(quant)                    prepares a component; false: its table is outside what is exact here
-//   decode(reader, component, out)  decodes a block; false: something that only the portable engine handles
+//   kStep                        samples of a block's side
+//   Block                        what is known of a block when its symbols have been read
+//   setUp(quant)                 prepares a component; false: its table is outside what is exact here
+//   read(reader, tables, component, block)
+//   write(block, component, out) the samples
+// The last two return false when only the portable engine can go on. All blocks of an MCU are read before the
+// first is written: vectors that are loaded right behind their words' stores would wait for them.
 #pragma once
 #include <cstring>
 
@@ -27,21 +31,36 @@ class TransformedWide {
         return true;
     }
 
-    bool decode(BlockReader<Lanes> reader, ComponentWalk& component, uint8_t* out) {
-        if (!reader.dc(component.predictor)) return false;
-        if (reader.endsAtOnce()) {
-            fill(out, component);
+    struct Block {
+        alignas(32) int16_t words[64];  // by the block's layout
+        bool flat;                      // no AC coefficients, and no words
+        uint32_t mean;                  // the dequantised DC coefficient then
+    };
+
+    bool read(BlockReader<Lanes>& reader, const LookTables& tables, ComponentWalk& component,
+              Block& block) const {
+        if (!reader.dc(tables, component.predictor)) return false;
+        block.flat = reader.endsAtOnce(tables);
+        if (block.flat) {
+            block.mean = static_cast<uint32_t>(component.predictor) * component.quant[0];
             return true;
         }
-        Coefficients coefficients(m_steps);
+        Coefficients coefficients(block.words, m_steps);
         coefficients.storeLarge(0, component.predictor);
-        if (!reader.ac(coefficients) || coefficients.tooLarge()) return false;
-        const auto block = Dct::dequantise(coefficients.words(), m_quant);
-        if (Dct::sumOfMagnitudes(block) > kLargestSum) return false;
+        return reader.ac(tables, coefficients) && !coefficients.tooLarge();
+    }
+
+    bool write(const Block& block, const ComponentWalk& component, uint8_t* out) const {
+        if (block.flat) {
+            fill(out, component.stride, kSide == 8 ? flatSample8(block.mean) : flatSample4(block.mean));
+            return true;
+        }
+        const auto coefficients = Dct::dequantise(block.words, m_quant);
+        if (Dct::sumOfMagnitudes(coefficients) > kLargestSum) return false;
         if constexpr (kSide == 8) {
-            Dct::inverse8(out, component.stride, block);
+            Dct::inverse8(out, component.stride, coefficients);
         } else {
-            Dct::inverse4(out, component.stride, block);
+            Dct::inverse4(out, component.stride, coefficients);
         }
         return true;
     }
@@ -52,9 +71,9 @@ class TransformedWide {
 
     class Coefficients {
       public:
-        explicit Coefficients(const int32_t* steps) : m_steps(steps) {
+        Coefficients(int16_t* words, const int32_t* steps) : m_words(words), m_steps(steps) {
             const auto zero = Lanes::all16(0);
-            for (uint32_t word = 0; word < 64; word += kGroupWords) Lanes::store(m_words + word, zero);
+            for (uint32_t word = 0; word < 64; word += kGroupWords) Lanes::store(words + word, zero);
         }
         // Six bits: small enough with any step.
         void store(uint32_t k, int32_t value) { m_words[kBlockLayout.word[k]] = static_cast<int16_t>(value); }
@@ -64,19 +83,16 @@ class TransformedWide {
             store(k, value);
         }
         bool tooLarge() const { return m_tooLarge; }
-        const int16_t* words() const { return m_words; }
 
       private:
         static constexpr int64_t kLargestProduct = 8191;
-        alignas(32) int16_t m_words[64];
+        int16_t* m_words;
         const int32_t* m_steps;
         bool m_tooLarge = false;
     };
 
-    static void fill(uint8_t* out, const ComponentWalk& component) {
-        const uint32_t mean = static_cast<uint32_t>(component.predictor) * component.quant[0];
-        const uint8_t sample = kSide == 8 ? flatSample8(mean) : flatSample4(mean);
-        for (uint32_t row = 0; row < kSide; ++row, out += component.stride) std::memset(out, sample, kSide);
+    static void fill(uint8_t* out, uint32_t stride, uint8_t sample) {
+        for (uint32_t row = 0; row < kSide; ++row, out += stride) std::memset(out, sample, kSide);
     }
 
     alignas(32) int16_t m_quant[64];  // by the block's layout
@@ -102,12 +118,20 @@ class SummedWide {
         return true;
     }
 
-    bool decode(BlockReader<Lanes> reader, ComponentWalk& component, uint8_t* out) {
-        if (!reader.dc(component.predictor)) return false;
+    using Block = typename Lanes::Half;  // the sums
+
+    bool read(BlockReader<Lanes>& reader, const LookTables& tables, ComponentWalk& component,
+              Block& block) const {
+        if (!reader.dc(tables, component.predictor)) return false;
         Sums sums(m_weights);
         sums.store(0, component.predictor);
-        if (!reader.ac(sums)) return false;
-        const Half values = _mm_srai_epi32(sums.values(), 20);
+        const bool good = reader.ac(tables, sums);
+        block = sums.values();
+        return good;
+    }
+
+    bool write(const Block& block, const ComponentWalk& component, uint8_t* out) const {
+        const Half values = _mm_srai_epi32(block, 20);
         const Half words = _mm_add_epi16(_mm_packs_epi32(values, values), _mm_set1_epi16(128));
         const uint32_t bytes = static_cast<uint32_t>(_mm_cvtsi128_si32(_mm_packus_epi16(words, words)));
         storePair(out, bytes);
@@ -157,9 +181,17 @@ class MeanWide {
 
     bool setUp(const uint32_t*) { return true; }
 
-    bool decode(BlockReader<Lanes> reader, ComponentWalk& component, uint8_t* out) {
-        if (!reader.dc(component.predictor) || !reader.skipAc()) return false;
-        *out = blockMean(component.predictor, component.quant[0]);
+    using Block = uint8_t;
+
+    bool read(BlockReader<Lanes>& reader, const LookTables& tables, ComponentWalk& component,
+              Block& block) const {
+        if (!reader.dc(tables, component.predictor) || !reader.skipAc(tables)) return false;
+        block = blockMean(component.predictor, component.quant[0]);
+        return true;
+    }
+
+    bool write(Block block, const ComponentWalk&, uint8_t* out) const {
+        *out = block;
         return true;
     }
 };

@@ -14,6 +14,7 @@
 #include <cstdint>
 
 #include "jpeg/x86/block_layout.h"
+#include "jpeg/x86/dct_weights.h"
 
 namespace jpeg {
 
@@ -42,7 +43,7 @@ struct WideDct {
     static int32_t sumOfMagnitudes(const Block& block) {
         const Wide even = Lanes::add16(Lanes::abs16(block.rows04), Lanes::abs16(block.rows26));
         const Wide odd = Lanes::add16(Lanes::abs16(block.rows17), Lanes::abs16(block.rows53));
-        const Wide sums = Lanes::madd(Lanes::add16(even, odd), Lanes::all16(1));
+        const Wide sums = Lanes::madd(Lanes::add16(even, odd), load(kOnes));
         Half sum = _mm_add_epi32(Lanes::low(sums), Lanes::high(sums));
         sum = _mm_add_epi32(sum, _mm_shuffle_epi32(sum, 0x4E));
         sum = _mm_add_epi32(sum, _mm_shuffle_epi32(sum, 0xB1));
@@ -51,41 +52,25 @@ struct WideDct {
 
     static void inverse8(uint8_t* out, uint32_t stride, const Block& block) {
         Wide rows[8];
-        transform8<4>(block, rows);
+        transform8(block, kDct8Columns, rows);
         Wide values[8];
-        transform8<1>(turned(rows), values);
+        transform8(turned(rows), kDct8Rows, values);
         storeSamples8(out, stride, values);
     }
 
     static void inverse4(uint8_t* out, uint32_t stride, const Block& block) {
         Wide rows[4];
-        {
-            const Wide t0 = Lanes::madd(block.rows04, pair(16384, 0));
-            const Wide t2 = Lanes::madd(block.rows26, pair(15137, -6270));
-            const Wide oddA = Lanes::add32(Lanes::madd(block.rows53, pair(11893, -17799)),
-                                           Lanes::madd(block.rows17, pair(8697, -1730)));
-            const Wide oddB = Lanes::add32(Lanes::madd(block.rows53, pair(-4926, 7373)),
-                                           Lanes::madd(block.rows17, pair(20995, -4176)));
-            const Wide even = Lanes::add32(t0, t2);
-            const Wide other = Lanes::sub32(t0, t2);
-            rows[0] = Lanes::template right32<12>(Lanes::add32(even, oddB));
-            rows[1] = Lanes::template right32<12>(Lanes::add32(other, oddA));
-            rows[2] = Lanes::template right32<12>(Lanes::sub32(other, oddA));
-            rows[3] = Lanes::template right32<12>(Lanes::sub32(even, oddB));
-        }
+        transform4(block, rows);
         const Wide upper = Lanes::pack32(rows[0], rows[1]);
         const Wide lower = Lanes::pack32(rows[2], rows[3]);
-        const Wide outer = Lanes::even32(upper, lower);  // columns 0 and 4, 1 and 7
-        const Wide inner = Lanes::odd32(upper, lower);   // columns 2 and 6, 5 and 3
-        const auto product = [](Half columns, int first, int second) {
-            return _mm_madd_epi16(columns, halfPair(first, second));
-        };
-        const Half t0 = product(Lanes::low(outer), 16384, 0);
-        const Half t2 = product(Lanes::low(inner), 15137, -6270);
-        const Half oddA = _mm_add_epi32(product(Lanes::high(inner), 11893, -17799),
-                                        product(Lanes::high(outer), 8697, -1730));
-        const Half oddB = _mm_add_epi32(product(Lanes::high(inner), -4926, 7373),
-                                        product(Lanes::high(outer), 20995, -4176));
+        const Wide outer = Lanes::even32(upper, lower);  // columns 0 and 4 | 1 and 7
+        const Wide inner = Lanes::odd32(upper, lower);   // columns 2 and 6 | 5 and 3
+        const Half rows17 = Lanes::high(outer);
+        const Half rows53 = Lanes::high(inner);
+        const Half t0 = product(Lanes::low(outer), kDct4.t0);
+        const Half t2 = product(Lanes::low(inner), kDct4.t2);
+        const Half oddA = _mm_add_epi32(product(rows17, kDct4.oddA17), product(rows53, kDct4.oddA53));
+        const Half oddB = _mm_add_epi32(product(rows17, kDct4.oddB17), product(rows53, kDct4.oddB53));
         const Half even = _mm_add_epi32(t0, t2);
         const Half other = _mm_sub_epi32(t0, t2);
         const Half first = _mm_packs_epi32(_mm_srai_epi32(_mm_add_epi32(even, oddB), 19),
@@ -102,38 +87,40 @@ struct WideDct {
     }
 
   private:
-    static Half halfPair(int first, int second) { return _mm_set1_epi32(second * 65536 + (first & 0xFFFF)); }
-    static Wide pair(int first, int second) { return Lanes::both(halfPair(first, second)); }
+    static Wide load(const WeightPairs& pairs) { return Lanes::load(pairs.words); }
+    static Half product(Half words, const WeightPairs& weights) {
+        return _mm_madd_epi16(words, _mm_load_si128(reinterpret_cast<const Half*>(weights.words)));
+    }
+    static Wide product(Wide words, const WeightPairs& weights) { return Lanes::madd(words, load(weights)); }
+    static Wide product9(Wide words, const WeightPairs& weights) {
+        return Lanes::template right32<9>(product(words, weights));
+    }
 
     // Four columns of four bytes each become four rows.
     static Half turn4() { return _mm_setr_epi8(0, 4, 8, 12, 1, 5, 9, 13, 2, 6, 10, 14, 3, 7, 11, 15); }
 
     static void storeWord(uint8_t* out, int32_t word) { __builtin_memcpy(out, &word, sizeof word); }
 
-    // One pass, in every lane its own column or row; kGain as in inverse_dct.cpp.
-    template <int kGain>
-    static void transform8(const Block& x, Wide* out) {
-        const auto product = [](Wide pairs, int first, int second) {
-            return Lanes::template right32<9>(Lanes::madd(pairs, pair(first * kGain, second * kGain)));
-        };
-        const Wide a0 = product(x.rows04, 362, 362);
-        const Wide a1 = product(x.rows04, 362, -362);
-        const Wide b0 = product(x.rows26, 473, 196);
-        const Wide b1 = product(x.rows26, 196, -473);
+    // One pass, in every lane its own column or row.
+    static void transform8(const Block& x, const Dct8Weights& weights, Wide* out) {
+        const Wide a0 = product9(x.rows04, weights.a0);
+        const Wide a1 = product9(x.rows04, weights.a1);
+        const Wide b0 = product9(x.rows26, weights.b0);
+        const Wide b1 = product9(x.rows26, weights.b1);
         const Wide e0 = Lanes::add32(a0, b0);
         const Wide e1 = Lanes::add32(a1, b1);
         const Wide e2 = Lanes::sub32(a1, b1);
         const Wide e3 = Lanes::sub32(a0, b0);
 
-        const Wide p0 = product(x.rows17, 100, -502);
-        const Wide p1 = product(x.rows53, 426, -284);
-        const Wide p2 = product(x.rows53, 284, 426);
-        const Wide p3 = product(x.rows17, 502, 100);
+        const Wide p0 = product9(x.rows17, weights.p0);
+        const Wide p1 = product9(x.rows53, weights.p1);
+        const Wide p2 = product9(x.rows53, weights.p2);
+        const Wide p3 = product9(x.rows17, weights.p3);
         const Wide s0 = Lanes::add32(p0, p1);
         const Wide s3 = Lanes::add32(p3, p2);
         const Wide turning = Lanes::pairs(Lanes::sub32(p3, p2), Lanes::sub32(p0, p1));
-        const Wide o1 = Lanes::template right32<9>(Lanes::madd(turning, pair(362, -362)));
-        const Wide o2 = Lanes::template right32<9>(Lanes::madd(turning, pair(362, 362)));
+        const Wide o1 = product9(turning, kDct8Rows.a1);
+        const Wide o2 = product9(turning, kDct8Rows.a0);
 
         out[0] = Lanes::add32(e0, s3);
         out[1] = Lanes::add32(e1, o2);
@@ -143,6 +130,20 @@ struct WideDct {
         out[5] = Lanes::sub32(e2, o1);
         out[6] = Lanes::sub32(e1, o2);
         out[7] = Lanes::sub32(e0, s3);
+    }
+
+    // The same for 4 points.
+    static void transform4(const Block& x, Wide* out) {
+        const Wide t0 = product(x.rows04, kDct4.t0);
+        const Wide t2 = product(x.rows26, kDct4.t2);
+        const Wide oddA = Lanes::add32(product(x.rows17, kDct4.oddA17), product(x.rows53, kDct4.oddA53));
+        const Wide oddB = Lanes::add32(product(x.rows17, kDct4.oddB17), product(x.rows53, kDct4.oddB53));
+        const Wide even = Lanes::add32(t0, t2);
+        const Wide other = Lanes::sub32(t0, t2);
+        out[0] = Lanes::template right32<12>(Lanes::add32(even, oddB));
+        out[1] = Lanes::template right32<12>(Lanes::add32(other, oddA));
+        out[2] = Lanes::template right32<12>(Lanes::sub32(other, oddA));
+        out[3] = Lanes::template right32<12>(Lanes::sub32(even, oddB));
     }
 
     // Eight rows with the columns 0 4 2 6 | 1 7 5 3 become pairs of columns with the rows in order.
@@ -163,7 +164,7 @@ struct WideDct {
     static Wide rounded(Wide columnA, Wide columnB) {
         const Wide values = Lanes::pack32(columnA, columnB);
         const Wide towardsZero = Lanes::addSaturated16(values, Lanes::template right16<15>(values));
-        return Lanes::template right16<4>(Lanes::addSaturated16(towardsZero, Lanes::all16(8 + 128 * 16)));
+        return Lanes::template right16<4>(Lanes::addSaturated16(towardsZero, load(kRounding)));
     }
 
     static void storeSamples8(uint8_t* out, uint32_t stride, const Wide* columns) {

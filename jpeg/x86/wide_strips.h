@@ -29,7 +29,9 @@ class WideStrips {
     }
 
   private:
+    using Block = typename Kind<Lanes>::Block;
     static constexpr uint32_t kStep = Kind<Lanes>::kStep;
+    static constexpr uint32_t kMaxBlocks = 6;  // of an MCU, at 4:2:0
     // So many bits must be left behind an MCU: the portable reader wants 8 for each symbol, however short.
     static constexpr int32_t kBitsBehind = 8;
 
@@ -44,14 +46,14 @@ class WideStrips {
 
     // Stops before an MCU with anything else in it.
     void decodeOrdinary() {
-        WordReader<Lanes> bits(m_context);
+        BlockReader<Lanes> bits(m_context);
         seekMcu(m_walk, m_place, kStep);
         for (uint32_t left = ordinaryMcus(); left != 0; --left) {
-            const WordReader<Lanes> before = bits;
+            const BlockReader<Lanes> before = bits;
             const int32_t predictors[kMaxScanComponents] = {m_walk.components[0].predictor,
                                                             m_walk.components[1].predictor,
                                                             m_walk.components[2].predictor};
-            if (!decodeMcu(bits) || !bits.has(kBitsBehind)) {
+            if (!decodeMcu(bits)) {
                 bits = before;
                 for (uint32_t i = 0; i < kMaxScanComponents; ++i) {
                     m_walk.components[i].predictor = predictors[i];
@@ -68,14 +70,29 @@ class WideStrips {
         bits.putDown(m_context);
     }
 
-    bool decodeMcu(WordReader<Lanes>& bits) {
+    // The reader is a copy, whose fields need no memory.
+    bool decodeMcu(BlockReader<Lanes>& bits) {
+        BlockReader<Lanes> reader = bits;
+        Block* block = m_blocks;
         for (uint32_t index = 0; index < m_walk.count; ++index) {
             ComponentWalk& component = m_walk.components[index];
-            const BlockReader<Lanes> reader(bits, m_tables[index]);
+            for (uint32_t count = component.across * component.down; count != 0; --count) {
+                if (!m_kinds[index].read(reader, m_tables[index], component, *block++)) return false;
+            }
+        }
+        if (!reader.has(kBitsBehind)) return false;
+        bits = reader;
+        return writeMcu();
+    }
+
+    bool writeMcu() {
+        const Block* block = m_blocks;
+        for (uint32_t index = 0; index < m_walk.count; ++index) {
+            ComponentWalk& component = m_walk.components[index];
             for (uint32_t v = 0; v < component.down; ++v) {
                 for (uint32_t h = 0; h < component.across; ++h) {
                     uint8_t* const out = component.next + (v * component.stride + h) * kStep;
-                    if (!m_kinds[index].decode(reader, component, out)) return false;
+                    if (!m_kinds[index].write(*block++, component, out)) return false;
                 }
             }
             component.next += component.across * kStep;
@@ -88,6 +105,7 @@ class WideStrips {
     ScanPlace m_place;
     LookTables m_tables[kMaxScanComponents];
     Kind<Lanes> m_kinds[kMaxScanComponents];
+    Block m_blocks[kMaxBlocks];
 };
 
 template <class Lanes>

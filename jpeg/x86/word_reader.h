@@ -45,7 +45,10 @@ class WordReader {
                 return;
             }
         }
-        *this = refilledByUnits(*this);
+        const Position position = refilledByUnits(m_cursor, m_end, m_bits, m_count);
+        m_cursor = position.cursor;
+        m_bits = position.bits;
+        m_count = position.count;
     }
 
     uint32_t peek(uint32_t bits) const { return static_cast<uint32_t>(m_bits >> (64 - bits)); }
@@ -79,19 +82,26 @@ class WordReader {
         return (((word & ~kHigh) + kOnes) & word & kHigh) != 0;
     }
 
+    struct Position {
+        const uint8_t* cursor;
+        uint64_t bits;
+        int32_t count;
+    };
+
     // By value, so that the reader itself can stay in registers.
-    __attribute__((noinline)) static WordReader refilledByUnits(WordReader reader) {
-        while (reader.m_count >= 0 && reader.m_count < 56 && reader.m_cursor != reader.m_end) {
-            const uint64_t value = *reader.m_cursor;
+    __attribute__((noinline)) static Position refilledByUnits(const uint8_t* cursor, const uint8_t* end,
+                                                              uint64_t bits, int32_t count) {
+        while (count >= 0 && count < 56 && cursor != end) {
+            const uint64_t value = *cursor;
             if (value == 0xFF) {
-                if (reader.m_end - reader.m_cursor < 2 || reader.m_cursor[1] != 0) break;
-                ++reader.m_cursor;
+                if (end - cursor < 2 || cursor[1] != 0) break;
+                ++cursor;
             }
-            ++reader.m_cursor;
-            reader.m_bits |= value << (56 - reader.m_count);
-            reader.m_count += 8;
+            ++cursor;
+            bits |= value << (56 - count);
+            count += 8;
         }
-        return reader;
+        return {cursor, bits, count};
     }
 
     // Bytes of the unit that ends before `cursor`: what was read holds 0xFF with a zero only.

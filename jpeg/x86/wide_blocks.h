@@ -1,11 +1,11 @@
 // What becomes of a block in the fast engines, by reduction. Each kind offers
-//   kStep                        samples of a block's side
-//   Block                        what is known of a block when its symbols have been read
-//   setUp(quant)                 prepares a component; false: its table is outside what is exact here
-//   read(reader, tables, component, block)
-//   write(block, component, out) the samples
-// The last two return false when only the portable engine can go on. All blocks of an MCU are read before the
-// first is written: vectors that are loaded right behind their words' stores would wait for them.
+//   kStep                                        samples of a block's side
+//   Block                                        what read() leaves to write()
+//   setUp(quant)                                 prepares a component
+//   read(reader, tables, component, out, block)  takes the block's symbols
+//   write(block, component, out)                 the samples, if read() did not write them already
+// setUp() and read() return false when the portable engine has to go on. All blocks of an MCU are read before
+// the first is transformed: vectors loaded right behind the stores of their words would wait for them.
 #pragma once
 #include <cstring>
 
@@ -37,7 +37,7 @@ class TransformedWide {
         uint32_t mean;                  // the dequantised DC coefficient then
     };
 
-    bool read(BlockReader<Lanes>& reader, const LookTables& tables, ComponentWalk& component,
+    bool read(BlockReader<Lanes>& reader, const LookTables& tables, ComponentWalk& component, uint8_t*,
               Block& block) const {
         if (!reader.dc(tables, component.predictor)) return false;
         block.flat = reader.endsAtOnce(tables);
@@ -50,19 +50,19 @@ class TransformedWide {
         return reader.ac(tables, coefficients) && !coefficients.tooLarge();
     }
 
-    bool write(const Block& block, const ComponentWalk& component, uint8_t* out) const {
+    void write(const Block& block, const ComponentWalk& component, uint8_t* out) const {
         if (block.flat) {
             fill(out, component.stride, kSide == 8 ? flatSample8(block.mean) : flatSample4(block.mean));
-            return true;
+            return;
         }
         const auto coefficients = Dct::dequantise(block.words, m_quant);
-        if (Dct::sumOfMagnitudes(coefficients) > kLargestSum) return false;
-        if constexpr (kSide == 8) {
+        if (Dct::sumOfMagnitudes(coefficients) > kLargestSum) {
+            writePlainly(block, component, out);
+        } else if constexpr (kSide == 8) {
             Dct::inverse8(out, component.stride, coefficients);
         } else {
             Dct::inverse4(out, component.stride, coefficients);
         }
-        return true;
     }
 
   private:
@@ -91,6 +91,13 @@ class TransformedWide {
         bool m_tooLarge = false;
     };
 
+    static void writePlainly(const Block& block, const ComponentWalk& component, uint8_t* out) {
+        int32_t coefficients[64];
+        for (uint32_t k = 0; k < 64; ++k) coefficients[kZigzag[k]] = block.words[kBlockLayout.word[k]];
+        const InverseDct transform = kSide == 8 ? inverseDct8 : inverseDct4;
+        transform(out, coefficients, component.quant, component.stride);
+    }
+
     static void fill(uint8_t* out, uint32_t stride, uint8_t sample) {
         for (uint32_t row = 0; row < kSide; ++row, out += stride) std::memset(out, sample, kSide);
     }
@@ -118,26 +125,23 @@ class SummedWide {
         return true;
     }
 
-    using Block = typename Lanes::Half;  // the sums
+    struct Block {};
 
-    bool read(BlockReader<Lanes>& reader, const LookTables& tables, ComponentWalk& component,
-              Block& block) const {
+    bool read(BlockReader<Lanes>& reader, const LookTables& tables, ComponentWalk& component, uint8_t* out,
+              Block&) const {
         if (!reader.dc(tables, component.predictor)) return false;
         Sums sums(m_weights);
         sums.store(0, component.predictor);
-        const bool good = reader.ac(tables, sums);
-        block = sums.values();
-        return good;
-    }
-
-    bool write(const Block& block, const ComponentWalk& component, uint8_t* out) const {
-        const Half values = _mm_srai_epi32(block, 20);
+        if (!reader.ac(tables, sums)) return false;
+        const Half values = _mm_srai_epi32(sums.values(), 20);
         const Half words = _mm_add_epi16(_mm_packs_epi32(values, values), _mm_set1_epi16(128));
         const uint32_t bytes = static_cast<uint32_t>(_mm_cvtsi128_si32(_mm_packus_epi16(words, words)));
         storePair(out, bytes);
         storePair(out + component.stride, bytes >> 16);
         return true;
     }
+
+    void write(const Block&, const ComponentWalk&, uint8_t*) const {}
 
   private:
     using Half = typename Lanes::Half;
@@ -181,19 +185,16 @@ class MeanWide {
 
     bool setUp(const uint32_t*) { return true; }
 
-    using Block = uint8_t;
+    struct Block {};
 
-    bool read(BlockReader<Lanes>& reader, const LookTables& tables, ComponentWalk& component,
-              Block& block) const {
+    bool read(BlockReader<Lanes>& reader, const LookTables& tables, ComponentWalk& component, uint8_t* out,
+              Block&) const {
         if (!reader.dc(tables, component.predictor) || !reader.skipAc(tables)) return false;
-        block = blockMean(component.predictor, component.quant[0]);
+        *out = blockMean(component.predictor, component.quant[0]);
         return true;
     }
 
-    bool write(Block block, const ComponentWalk&, uint8_t* out) const {
-        *out = block;
-        return true;
-    }
+    void write(const Block&, const ComponentWalk&, uint8_t*) const {}
 };
 
 }  // namespace jpeg

@@ -74,28 +74,31 @@ class WideStrips {
     bool decodeMcu(BlockReader<Lanes>& bits) {
         BlockReader<Lanes> reader = bits;
         Block* block = m_blocks;
-        for (uint32_t index = 0; index < m_walk.count; ++index) {
-            ComponentWalk& component = m_walk.components[index];
-            for (uint32_t count = component.across * component.down; count != 0; --count) {
-                if (!m_kinds[index].read(reader, m_tables[index], component, *block++)) return false;
-            }
-        }
-        if (!reader.has(kBitsBehind)) return false;
+        const bool read = forBlocks([&](uint32_t index, ComponentWalk& component, uint8_t* out) {
+            return m_kinds[index].read(reader, m_tables[index], component, out, *block++);
+        });
+        if (!read || !reader.has(kBitsBehind)) return false;
         bits = reader;
-        return writeMcu();
+        block = m_blocks;
+        forBlocks([&](uint32_t index, const ComponentWalk& component, uint8_t* out) {
+            m_kinds[index].write(*block++, component, out);
+            return true;
+        });
+        for (ComponentWalk& component : m_walk.components) component.next += component.across * kStep;
+        return true;
     }
 
-    bool writeMcu() {
-        const Block* block = m_blocks;
+    // The blocks of an MCU in the stream's order, as long as visit(index, component, out) likes it.
+    template <class Visit>
+    bool forBlocks(Visit visit) {
         for (uint32_t index = 0; index < m_walk.count; ++index) {
             ComponentWalk& component = m_walk.components[index];
             for (uint32_t v = 0; v < component.down; ++v) {
                 for (uint32_t h = 0; h < component.across; ++h) {
                     uint8_t* const out = component.next + (v * component.stride + h) * kStep;
-                    if (!m_kinds[index].write(*block++, component, out)) return false;
+                    if (!visit(index, component, out)) return false;
                 }
             }
-            component.next += component.across * kStep;
         }
         return true;
     }

@@ -7,8 +7,6 @@
 
 namespace {
 
-using jpeg::TypicalTable;
-
 // Enters one code into the look-ahead: every 8-bit value that begins with it.
 void addLookahead(HuffmanTable& table, uint32_t code, uint32_t length, uint8_t symbol) {
     const uint32_t first = code << (8 - length);
@@ -17,7 +15,7 @@ void addLookahead(HuffmanTable& table, uint32_t code, uint32_t length, uint8_t s
     std::memset(table.lookValue + first, symbol, count);
 }
 
-void buildTable(HuffmanTable& table, const TypicalTable& typical) {
+void buildTable(HuffmanTable& table, const jpeg::TypicalTable& typical) {
     table = {};
     std::memcpy(table.bits + 1, typical.bits, sizeof typical.bits);
     std::memcpy(table.huffVal, typical.values, sizeof typical.values);

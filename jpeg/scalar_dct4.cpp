@@ -4,6 +4,7 @@
 // without anything below its first coefficient X is 4 X there, and (X << 14) >> 12 here.
 #include "jpeg/scalar_dct4.h"
 
+#include "jpeg/inverse_dct.h"
 #include "jpeg/scalar_words.h"
 
 namespace jpeg {
@@ -112,10 +113,10 @@ void transformBlock(ScalarBlock& block, uint8_t* out, uint32_t stride) {
     for (const int32_t* y = work; y != work + 4 * 8; y += 8, out += stride) transformRow<kColumns>(f, y, out);
 }
 
+// Nothing but the first coefficient.
 void fillBlock(ScalarBlock& block, uint8_t* out, uint32_t stride) {
-    const Word flat = static_cast<Word>(block.values[0]) * 4;
+    const uint32_t word = flatSample4(static_cast<uint32_t>(block.values[0])) * 0x01010101u;
     block.values[0] = 0;
-    const uint32_t word = clampedByte((flat << 14) + kBias) * 0x01010101u;
     for (uint32_t row = 0; row < 4; ++row, out += stride) storeWord(out, word);
 }
 

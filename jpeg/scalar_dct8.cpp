@@ -18,6 +18,7 @@
 // within 32.
 #include "jpeg/scalar_dct8.h"
 
+#include "jpeg/inverse_dct.h"
 #include "jpeg/scalar_words.h"
 
 namespace jpeg {
@@ -227,14 +228,10 @@ void transformBlock(ScalarBlock& block, uint8_t* out, uint32_t stride, uint32_t 
     }
 }
 
-// Nothing but the first coefficient, of whatever size: sums wrap as in the portable transform.
+// Nothing but the first coefficient, of whatever size.
 void fillBlock(ScalarBlock& block, uint8_t* out, uint32_t stride) {
-    const auto scaled = [](int32_t value, uint32_t factor) {
-        return static_cast<int32_t>(static_cast<uint32_t>(value) * factor) >> 9;
-    };
-    const int32_t value = scaled(scaled(block.values[0], 1448), 362);
+    const uint32_t word = flatSample8(static_cast<uint32_t>(block.values[0])) * 0x01010101u;
     block.values[0] = 0;
-    const uint32_t word = clampedByte(value + kBias) * 0x01010101u;
     for (uint32_t row = 0; row < 8; ++row, out += stride) {
         storeWord(out, word);
         storeWord(out + 4, word);

@@ -3,6 +3,9 @@
 #include "jpeg/converters.h"
 #include "jpeg/portable_engine.h"
 #include "jpeg/scalar_engine.h"
+#ifdef ZEL_X86_64_ENGINES
+#include "jpeg/x86/engines.h"
+#endif
 
 namespace jpeg {
 
@@ -15,6 +18,10 @@ bool always() {
 constexpr ScanEngine kEngines[] = {
     {"portable", always, decodeStripsPortably},
     {"scalar", always, decodeStripsScalar},
+#ifdef ZEL_X86_64_ENGINES
+    {"sse4.1", supportsSse, decodeStripsSse},
+    {"avx2", supportsAvx2, decodeStripsAvx2},
+#endif
 };
 
 }  // namespace

@@ -6,10 +6,11 @@
 namespace jpeg {
 
 struct TypicalTable {
-    uint8_t bits[16];
+    uint8_t bits[16];  // number of codes of each length, from 1
     uint8_t values[162];
 };
 
+// DC luminance, DC chrominance, AC luminance, AC chrominance.
 inline constexpr TypicalTable kTypicalTables[4] = {
     // DC luminance
     {{0, 1, 5, 1, 1, 1, 1, 1, 1, 0, 0, 0, 0, 0, 0, 0}, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}},

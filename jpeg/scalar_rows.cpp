@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "jpeg/row_converters.h"
+#include "jpeg/pixel_formats.h"
 #include "jpeg/scalar_colors.h"
 #include "jpeg/scalar_words.h"
 
@@ -31,7 +31,6 @@ struct Channels {
 // The formats. put() writes four pixels of which no channel needs clamping, putOne() one of clamped channels;
 // `out` is a multiple of 4 at four pixels.
 struct LanesToBgr24 {
-    using Portable = Bgr24;
     const uint32_t red = kRuntimeRed;
     const uint32_t green = kRuntimeGreen;
 
@@ -51,7 +50,6 @@ struct LanesToBgr24 {
 };
 
 struct LanesToRgb565 {
-    using Portable = Rgb565;
     const uint32_t redBlue = kRuntimeRedBlue565;
     const uint32_t green = kRuntimeGreen565;
 
@@ -166,43 +164,44 @@ inline uint8_t* convertRow(const DecoderContext& context, const SourceRow& row, 
     return out;
 }
 
-bool isAligned(const uint8_t* out) {
-    return reinterpret_cast<uintptr_t>(out) % 4 == 0;
-}
-
 template <class Format, uint32_t kShift>
 uint8_t* scalarExactRow(const DecoderContext& context, const SourceRow& row, uint8_t* out) {
-    if (context.scaledWidth % 4 != 0 || !isAligned(out)) {
-        return exactRow<typename Format::Portable, kShift>(context, row, out);
-    }
     return convertRow<Format, EveryColumn<kShift>, 4>(context, row, out, Columns<0, 1, 2, 3>());
 }
 
 template <class Format, uint32_t kShift>
 uint8_t* scalarThreeQuarterRow(const DecoderContext& context, const SourceRow& row, uint8_t* out) {
-    if (context.scaledWidth % 16 != 0 || !isAligned(out)) {
-        return threeQuarterRow<typename Format::Portable, kShift>(context, row, out);
-    }
     return convertRow<Format, ThreeQuarters<kShift>, 16>(context, row, out, Columns<0, 1, 2, 4>(),
                                                          Columns<5, 6, 8, 9>(), Columns<10, 12, 13, 14>());
 }
 
-// By columns per chroma sample, as a shift, and by scaling.
-template <class Format>
-struct ScalarRows {
-    static constexpr RowConverter kByScaling[2][2] = {
-        {scalarExactRow<Format, 0>, scalarThreeQuarterRow<Format, 0>},
-        {scalarExactRow<Format, 1>, scalarThreeQuarterRow<Format, 1>},
-    };
+// By columns per chroma sample, as a shift, and by pixel format (RGB565, 24 bit).
+struct Scaled {
+    uint32_t columns;  // taken at a time
+    RowConverter converters[2][2];
 };
+constexpr Scaled kByScaling[] = {
+    {4,
+     {{scalarExactRow<LanesToRgb565, 0>, scalarExactRow<LanesToBgr24, 0>},
+      {scalarExactRow<LanesToRgb565, 1>, scalarExactRow<LanesToBgr24, 1>}}},
+    {16,
+     {{scalarThreeQuarterRow<LanesToRgb565, 0>, scalarThreeQuarterRow<LanesToBgr24, 0>},
+      {scalarThreeQuarterRow<LanesToRgb565, 1>, scalarThreeQuarterRow<LanesToBgr24, 1>}}},
+};
+
+// Whether every row of the picture starts at a whole word.
+bool inWholeWords(const DecoderContext& context) {
+    const uintptr_t start = reinterpret_cast<uintptr_t>(context.cursors.outputCursor);
+    return start % 4 == 0 && context.targetRowBytes % 4 == 0;
+}
 
 }  // namespace
 
 RowConverter scalarRowConverter(const DecoderContext& context) {
-    if (context.rowScaling == kScalingGeneral) return context.convertRow;
-    const uint32_t shift = context.samplingKind == 2 ? 0 : 1;
-    return context.mode < 7 ? ScalarRows<LanesToRgb565>::kByScaling[shift][context.rowScaling]
-                            : ScalarRows<LanesToBgr24>::kByScaling[shift][context.rowScaling];
+    if (context.rowScaling == kScalingGeneral || !inWholeWords(context)) return context.convertRow;
+    const Scaled& scaled = kByScaling[context.rowScaling];
+    if (context.scaledWidth % scaled.columns != 0) return context.convertRow;
+    return scaled.converters[context.samplingKind == 2 ? 0 : 1][context.mode < 7 ? 0 : 1];
 }
 
 }  // namespace jpeg

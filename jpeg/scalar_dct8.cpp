@@ -1,8 +1,8 @@
 // The 8 x 8 inverse DCT without what is known to be zero, and with two samples in a word at the end.
 //
 // Columns first. The block tells which columns hold anything, and whether that lies in row 0, in the upper or
-// in the lower half; there is a transform for each, and one of the rows for 1, 2, 4 or 8 columns. A term that
-// is left out is one that the portable transform computes as 0.
+// in the lower half; there are transforms of a column for 1, 2, 4 and 8 coefficients, and of a row for 1, 2,
+// 3, 4 and 8 columns. A term that is left out is one that the portable transform computes as 0.
 //
 // The constants of a sum are divided by what they have in common, and the shift behind it is shortened by as
 // much: the portable transform's products and shifts, exact as long as nothing leaves 32 bits.
@@ -51,17 +51,17 @@ inline void transformColumn(const Factors& f, int32_t* x, int32_t* out) {
     }
     int32_t e0, e1, e2, e3;
     int32_t p0, p1, p2, p3;
-    if constexpr (kRows == 4) {
+    if constexpr (kRows <= 4) {
         const int32_t a = x[0] * f.k181 >> 6;
-        const int32_t b0 = x[2] * f.k473 >> 7;
-        const int32_t b1 = x[2] * 49 >> 5;
+        const int32_t b0 = kRows == 4 ? x[2] * f.k473 >> 7 : 0;
+        const int32_t b1 = kRows == 4 ? x[2] * 49 >> 5 : 0;
         e0 = a + b0;
         e1 = a + b1;
         e2 = a - b1;
         e3 = a - b0;
         p0 = x[1] * 25 >> 5;
-        p1 = x[3] * -71 >> 5;
-        p2 = x[3] * f.k213 >> 6;
+        p1 = kRows == 4 ? x[3] * -71 >> 5 : 0;
+        p2 = kRows == 4 ? x[3] * f.k213 >> 6 : 0;
         p3 = x[1] * f.k251 >> 6;
     } else {
         const int32_t a0 = (x[0] + x[4]) * f.k181 >> 6;
@@ -205,7 +205,11 @@ inline void transformColumns(const Factors& f, ScalarBlock& block, int32_t* work
         if ((sets & kSetOfRows4To7) != 0) {
             transformColumn<8>(f, x, work + column);
         } else if ((sets & kSetOfRows1To3) != 0) {
-            transformColumn<4>(f, x, work + column);
+            if ((x[2] | x[3]) != 0) {
+                transformColumn<4>(f, x, work + column);
+            } else {
+                transformColumn<2>(f, x, work + column);
+            }
         } else {
             transformColumn<1>(f, x, work + column);
         }

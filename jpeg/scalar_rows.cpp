@@ -1,5 +1,6 @@
-// Rows of samples to rows of pixels, four pixels at a time, see scalar_colors.h. Pixels are stored as words:
-// the picture is not in the handheld's data cache, so that every store goes to memory.
+// Rows of samples to rows of pixels, four pixels at a time, see scalar_colors.h; a turn of the loops takes
+// two or three times four. Pixels are stored as words: the picture is not in the handheld's data cache, so
+// that every store goes to memory.
 #include "jpeg/scalar_rows.h"
 
 #include <cstdint>
@@ -166,7 +167,8 @@ inline uint8_t* convertRow(const DecoderContext& context, const SourceRow& row, 
 
 template <class Format, uint32_t kShift>
 uint8_t* scalarExactRow(const DecoderContext& context, const SourceRow& row, uint8_t* out) {
-    return convertRow<Format, EveryColumn<kShift>, 4>(context, row, out, Columns<0, 1, 2, 3>());
+    return convertRow<Format, EveryColumn<kShift>, 8>(context, row, out, Columns<0, 1, 2, 3>(),
+                                                      Columns<4, 5, 6, 7>());
 }
 
 template <class Format, uint32_t kShift>
@@ -181,7 +183,7 @@ struct Scaled {
     RowConverter converters[2][2];
 };
 constexpr Scaled kByScaling[] = {
-    {4,
+    {8,
      {{scalarExactRow<LanesToRgb565, 0>, scalarExactRow<LanesToBgr24, 0>},
       {scalarExactRow<LanesToRgb565, 1>, scalarExactRow<LanesToBgr24, 1>}}},
     {16,

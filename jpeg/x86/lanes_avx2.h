@@ -23,6 +23,8 @@ struct Avx2Lanes {
     static Wide both(Half a) { return _mm256_broadcastsi128_si256(a); }
     static Wide all16(int16_t value) { return _mm256_set1_epi16(value); }
     static Wide all32(int32_t value) { return _mm256_set1_epi32(value); }
+    static Wide onlyFirst32(int32_t value) { return _mm256_zextsi128_si256(_mm_cvtsi32_si128(value)); }
+    static bool isZero(Wide a) { return _mm256_testz_si256(a, a) != 0; }
     static Half low(Wide a) { return _mm256_castsi256_si128(a); }
     static Half high(Wide a) { return _mm256_extracti128_si256(a, 1); }
     static Wide joinLow(Wide a, Wide b) { return _mm256_permute2x128_si256(a, b, 0x20); }

@@ -11,15 +11,20 @@ namespace jpeg {
 struct LookTables {
     const HuffmanTable* dcTable;
     const HuffmanTable* acTable;
-    const DcLook* dc;
-    const AcLook* ac;
-    const AcSkip* skip;
+    const LookTable* dc;
+    const LookTable* ac;
+    const SkipTable* skip;
 };
 
-inline constexpr uint32_t kLooksPerRefill = 4;
-static_assert(kDcLookBits + kLooksPerRefill * kAcLookBits <= 56);
-inline constexpr uint32_t kSkipsPerRefill = 2;
-static_assert(kSkipsPerRefill * (kAcLookBits + 10) <= 56 - kDcLookBits);
+// Predictors of damaged streams may add up past 32 bits.
+constexpr int32_t wrappedSum(int32_t a, int32_t b) {
+    return static_cast<int32_t>(static_cast<uint32_t>(a) + static_cast<uint32_t>(b));
+}
+
+inline constexpr uint32_t kLooksPerRefill = 5;  // with the one for the DC difference
+static_assert(kLooksPerRefill * kLookBits <= 56);
+inline constexpr uint32_t kSkipsPerRefill = 2;  // besides that one; 10 bits of a magnitude may lie beyond
+static_assert(kLookBits + kSkipsPerRefill * (kLookBits + 10) <= 56);
 
 template <class Lanes>
 class BlockReader : public WordReader<Lanes> {
@@ -29,47 +34,36 @@ class BlockReader : public WordReader<Lanes> {
     // Adds the next difference to the predictor; false: no such code.
     bool dc(const LookTables& tables, int32_t& predictor) {
         this->refill();
-        const int32_t look = tables.dc->entries[this->peek(kDcLookBits)];
-        int32_t difference = look >> 8;
-        if ((look & 0xFF) != 0) {
-            this->drop(look & 0xFF);
+        const Look look = {tables.dc->entries[this->peek(kLookBits)]};
+        int32_t difference = look.last();
+        if (look.lastPlace() != Look::kNothingFits) {
+            this->drop(look.length());
         } else {
-            uint32_t size = 0;
-            if (!symbol(*tables.dcTable, size)) return false;
-            difference = magnitude(size);
+            if (!longDc(*tables.dcTable, difference)) return false;
             this->refill();
         }
-        predictor =
-            static_cast<int32_t>(static_cast<uint32_t>(predictor) + static_cast<uint32_t>(difference));
+        predictor = wrappedSum(predictor, difference);
         return true;
     }
 
-    // The block ends without a coefficient.
-    bool endsAtOnce(const LookTables& tables) {
-        const uint32_t look = tables.ac->entries[this->peek(kAcLookBits)];
-        if ((look >> 8) != kEndOfBlockBit >> 8) return false;
-        this->drop(look & 0xFF);
-        return true;
-    }
-
-    // Takes the coefficients after dc(): sink.store(k, value) gets those of looks and zeros in between, in
-    // the stream's order, values of 6 bits; sink.storeLarge(k, value) any other. False: no such code.
+    // Takes the coefficients after dc(): sink.store(k, value) gets them, and zeros in between, in the
+    // stream's order. False: no such code.
     template <class Sink>
     bool ac(const LookTables& tables, Sink& sink) {
         for (uint32_t k = 1;; this->refill()) {
-            for (uint32_t looks = 0; looks < kLooksPerRefill; ++looks) {
-                const uint32_t look = tables.ac->entries[this->peek(kAcLookBits)];
-                const uint32_t last = k + (look >> 8 & 63);
+            for (uint32_t count = 1; count < kLooksPerRefill; ++count) {
+                const Look look = {tables.ac->entries[this->peek(kLookBits)]};
+                const uint32_t last = k + look.lastPlace();
                 // What comes after the 63rd coefficient is the next block's: near it, one by one.
                 if (last > 62) {
-                    const Step step = single(*tables.acTable, sink, k);
-                    if (step == kGoOn) break;
-                    return step == kBlockEnds;
+                    const Outcome outcome = longAc(*tables.acTable, sink, k);
+                    if (outcome == kGoOn) break;
+                    return outcome == kBlockEnds;
                 }
-                this->drop(look & 0xFF);
-                sink.store(k + (look >> 16 & 15), static_cast<int32_t>(look << 6) >> 27);
-                sink.store(last, static_cast<int32_t>(look) >> 26);
-                if ((look & kEndOfBlockBit) != 0) return true;
+                this->drop(look.length());
+                sink.store(k + look.firstPlace(), look.first());
+                sink.store(last, look.last());
+                if (look.ends()) return true;
                 k = last + 1;
             }
         }
@@ -78,30 +72,39 @@ class BlockReader : public WordReader<Lanes> {
     // The same without looking at the coefficients.
     bool skipAc(const LookTables& tables) {
         struct {
-            void storeLarge(uint32_t, int32_t) {}
+            void store(uint32_t, int32_t) {}
         } forget;
         for (uint32_t k = 1;; this->refill()) {
-            for (uint32_t looks = 0; looks < kSkipsPerRefill; ++looks) {
-                const uint32_t look = tables.skip->entries[this->peek(kAcLookBits)];
+            for (uint32_t count = 0; count < kSkipsPerRefill; ++count) {
+                const uint32_t look = tables.skip->entries[this->peek(kLookBits)];
                 const uint32_t next = k + (look >> 8 & 63);
                 if (next > 63) {
-                    const Step step = single(*tables.acTable, forget, k);
-                    if (step == kGoOn) break;
-                    return step == kBlockEnds;
+                    const Outcome outcome = longAc(*tables.acTable, forget, k);
+                    if (outcome == kGoOn) break;
+                    return outcome == kBlockEnds;
                 }
                 this->drop(look & 0xFF);
-                if ((look & kEndOfBlockBit) != 0) return true;
+                if ((look & kSkipEndBit) != 0) return true;
                 k = next;
             }
         }
     }
 
-  private:
-    enum Step { kGoOn, kBlockEnds, kBadCode };
+  protected:
+    enum Outcome { kGoOn, kBlockEnds, kBadCode };
 
-    // One symbol of any length, as decodeAc() takes it.
+    // A DC difference of any length; false: no such code.
+    bool longDc(const HuffmanTable& table, int32_t& difference) {
+        this->refill();
+        uint32_t size = 0;
+        if (!symbol(table, size)) return false;
+        difference = magnitude(size);
+        return true;
+    }
+
+    // One AC symbol of any length, as decodeAc() takes it.
     template <class Sink>
-    Step single(const HuffmanTable& table, Sink& sink, uint32_t& k) {
+    Outcome longAc(const HuffmanTable& table, Sink& sink, uint32_t& k) {
         this->refill();
         uint32_t symbolValue = 0;
         if (!symbol(table, symbolValue)) return kBadCode;
@@ -110,7 +113,7 @@ class BlockReader : public WordReader<Lanes> {
         if (size != 0) {
             k += run;
             const int32_t value = magnitude(size);
-            if (k < 64) sink.storeLarge(k, value);
+            if (k < 64) sink.store(k, value);
             ++k;
         } else if (run != 0) {
             k += 16;
@@ -120,6 +123,7 @@ class BlockReader : public WordReader<Lanes> {
         return k < 64 ? kGoOn : kBlockEnds;
     }
 
+  private:
     // As decodeSymbol(), of 16 bits at once.
     bool symbol(const HuffmanTable& table, uint32_t& value) {
         const uint32_t bits = this->peek(16);

@@ -16,10 +16,15 @@ struct Avx2Lanes {
 
     // From an address that is a multiple of 32.
     static Wide load(const int16_t* from) { return _mm256_load_si256(reinterpret_cast<const Wide*>(from)); }
+    static Wide loadBytes(const uint8_t* from) {
+        return _mm256_loadu_si256(reinterpret_cast<const Wide*>(from));
+    }
     static void store(void* to, Wide a) { _mm256_storeu_si256(static_cast<Wide*>(to), a); }
     static Wide both(Half a) { return _mm256_broadcastsi128_si256(a); }
     static Wide all16(int16_t value) { return _mm256_set1_epi16(value); }
     static Wide all32(int32_t value) { return _mm256_set1_epi32(value); }
+    static Wide onlyFirst32(int32_t value) { return _mm256_zextsi128_si256(_mm_cvtsi32_si128(value)); }
+    static bool isZero(Wide a) { return _mm256_testz_si256(a, a) != 0; }
     static Half low(Wide a) { return _mm256_castsi256_si128(a); }
     static Half high(Wide a) { return _mm256_extracti128_si256(a, 1); }
     static Wide joinLow(Wide a, Wide b) { return _mm256_permute2x128_si256(a, b, 0x20); }
@@ -67,6 +72,8 @@ struct Avx2Lanes {
     // The even, the odd 32-bit lanes of a, then of b.
     static Wide even32(Wide a, Wide b) { return chosen<0x88>(a, b); }
     static Wide odd32(Wide a, Wide b) { return chosen<0xDD>(a, b); }
+    // Of every two 16-bit lanes the first, twice.
+    static Wide repeatEven16(Wide a) { return _mm256_shufflehi_epi16(_mm256_shufflelo_epi16(a, 0xA0), 0xA0); }
     static Wide shuffle8(Wide a, Half places) { return _mm256_shuffle_epi8(a, both(places)); }
 
   private:

@@ -21,6 +21,10 @@ struct SseLanes {
         const Half* const halves = reinterpret_cast<const Half*>(from);
         return {_mm_load_si128(halves), _mm_load_si128(halves + 1)};
     }
+    static Wide loadBytes(const uint8_t* from) {
+        const Half* const halves = reinterpret_cast<const Half*>(from);
+        return {_mm_loadu_si128(halves), _mm_loadu_si128(halves + 1)};
+    }
     static void store(void* to, Wide a) {
         Half* const halves = static_cast<Half*>(to);
         _mm_storeu_si128(halves, a.low);
@@ -29,6 +33,11 @@ struct SseLanes {
     static Wide both(Half a) { return {a, a}; }
     static Wide all16(int16_t value) { return both(_mm_set1_epi16(value)); }
     static Wide all32(int32_t value) { return both(_mm_set1_epi32(value)); }
+    static Wide onlyFirst32(int32_t value) { return {_mm_cvtsi32_si128(value), _mm_setzero_si128()}; }
+    static bool isZero(Wide a) {
+        const Half any = _mm_or_si128(a.low, a.high);
+        return _mm_testz_si128(any, any) != 0;
+    }
     static Half low(Wide a) { return a.low; }
     static Half high(Wide a) { return a.high; }
     static Wide joinLow(Wide a, Wide b) { return {a.low, b.low}; }
@@ -105,11 +114,14 @@ struct SseLanes {
     // The even, the odd 32-bit lanes of a, then of b.
     static Wide even32(Wide a, Wide b) { return {chosen<0x88>(a.low, b.low), chosen<0x88>(a.high, b.high)}; }
     static Wide odd32(Wide a, Wide b) { return {chosen<0xDD>(a.low, b.low), chosen<0xDD>(a.high, b.high)}; }
+    // Of every two 16-bit lanes the first, twice.
+    static Wide repeatEven16(Wide a) { return {repeated(a.low), repeated(a.high)}; }
     static Wide shuffle8(Wide a, Half places) {
         return {_mm_shuffle_epi8(a.low, places), _mm_shuffle_epi8(a.high, places)};
     }
 
   private:
+    static Half repeated(Half a) { return _mm_shufflehi_epi16(_mm_shufflelo_epi16(a, 0xA0), 0xA0); }
     template <int kLanes>
     static Half chosen(Half a, Half b) {
         return _mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a), _mm_castsi128_ps(b), kLanes));

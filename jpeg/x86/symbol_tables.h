@@ -4,26 +4,32 @@
 
 namespace jpeg {
 
-// Difference and its code by the next kDcLookBits bits: total length in the low byte, 0 = does not fit; the
-// difference above it.
-inline constexpr uint32_t kDcLookBits = 10;
-struct DcLook {
-    int32_t entries[1 << kDcLookBits];
-};
+inline constexpr uint32_t kLookBits = 11;
+inline constexpr uint32_t kLooks = 1 << kLookBits;
 
-// One or two AC coefficients, and the end of the block if it follows, by the next kAcLookBits bits. Where
-// only one coefficient fits it is `last`, and `first` stands for a zero that it may overwrite. A run of 16
-// zeros is a coefficient of value zero.
+// One or two coefficients, and the end of the block if it follows, by the next kLookBits bits. Where only one
+// coefficient fits it is `last`, and `first` stands for a zero that it may overwrite. A run of 16 zeros is a
+// coefficient of value zero. A DC difference always stands alone, and what ends there is the block's DC part.
 //   bits 0..7    total length
 //   bits 8..13   place of the last coefficient, less the place that comes next; 63 = not even one fits
-//   bit 15       the block ends here
-//   bits 16..19  place of the first coefficient, less the place that comes next
-//   bits 21..25  value of the first, signed
-//   bits 26..31  value of the last, signed
-inline constexpr uint32_t kAcLookBits = 11;
-inline constexpr uint32_t kEndOfBlockBit = 1u << 15;
-struct AcLook {
-    uint32_t entries[1 << kAcLookBits];
+//   bits 15..18  place of the first coefficient, less the place that comes next
+//   bits 19..23  value of the first, signed
+//   bits 24..30  value of the last, signed; of AC coefficients it takes 6 bits at most
+//   bit 31       the block, or its DC part, ends here
+struct LookTable {
+    uint32_t entries[kLooks];
+};
+
+struct Look {
+    uint32_t entry;
+    uint32_t length() const { return entry & 0xFF; }
+    uint32_t lastPlace() const { return entry >> 8 & 63; }
+    uint32_t firstPlace() const { return entry >> 15 & 15; }
+    int32_t first() const { return static_cast<int32_t>(entry << 8) >> 27; }
+    int32_t last() const { return static_cast<int32_t>(entry << 1) >> 25; }
+    bool ends() const { return (entry & kEndBit) != 0; }
+    static constexpr uint32_t kEndBit = 1u << 31;
+    static constexpr uint32_t kNothingFits = 63;
 };
 
 // As many AC coefficients as fit, and the end of the block if it follows, for those who need no values: the
@@ -31,13 +37,14 @@ struct AcLook {
 //   bits 0..7    total length
 //   bits 8..13   places to move on; 63 = not even one code fits
 //   bit 15       the block ends here
-struct AcSkip {
-    uint16_t entries[1 << kAcLookBits];
+struct SkipTable {
+    uint16_t entries[kLooks];
 };
+inline constexpr uint32_t kSkipEndBit = 1u << 15;
 
 // Index 0: luminance, 1: chrominance.
-extern const DcLook kDcLooks[2];
-extern const AcLook kAcLooks[2];
-extern const AcSkip kAcSkips[2];
+extern const LookTable kDcLooks[2];
+extern const LookTable kAcLooks[2];
+extern const SkipTable kAcSkips[2];
 
 }  // namespace jpeg

@@ -1,16 +1,15 @@
-// What becomes of a block in the fast engines, by reduction. Each kind offers
-//   kStep                                        samples of a block's side
-//   Block                                        what read() leaves to write()
-//   setUp(quant)                                 prepares a component
-//   read(reader, tables, component, out, block)  takes the block's symbols
-//   write(block, component, out)                 the samples, if read() did not write them already
-// setUp() and read() return false when the portable engine has to go on. All blocks of an MCU are read before
-// the first is transformed: vectors loaded right behind the stores of their words would wait for them.
+// What becomes of a block in the fast engines, by reduction. All kinds have
+//   kStep         samples of a block's side
+//   setUp(quant)  prepares a component; false: its table is not for us
+// Those that need every coefficient read all blocks of an MCU, then write all: vectors that are loaded right
+// behind the stores of their words would wait for them. They have a Block, addSteps(), clear() and write().
+// The others have decode(), which does both at once. What returns false leaves the MCU to the portable
+// engine.
 #pragma once
 #include <cstring>
 
 #include "jpeg/inverse_dct.h"
-#include "jpeg/x86/block_reader.h"
+#include "jpeg/x86/mcu_reader.h"
 #include "jpeg/x86/wide_dct.h"
 
 namespace jpeg {
@@ -20,76 +19,63 @@ template <class Lanes, uint32_t kSide>
 class TransformedWide {
   public:
     static constexpr uint32_t kStep = kSide;
+    static constexpr bool kReadsMcus = true;
 
     bool setUp(const uint32_t* quant) {
         for (uint32_t k = 0; k < 64; ++k) {
             const uint32_t step = quant[kZigzag[k]];
-            if (step > 255) return false;  // scaled by an earlier scan
+            // Scaled by an earlier scan; or such that no product tells whether there is a coefficient.
+            if (step > 255 || step == 0) return false;
             m_quant[kBlockLayout.word[k]] = static_cast<int16_t>(step);
             m_steps[k] = static_cast<int32_t>(step);
         }
+        m_quant[0] = 0;  // the DC coefficient comes in dequantised
         return true;
     }
 
     struct Block {
         alignas(32) int16_t words[64];  // by the block's layout
-        bool flat;                      // no AC coefficients, and no words
-        uint32_t mean;                  // the dequantised DC coefficient then
     };
 
-    bool read(BlockReader<Lanes>& reader, const LookTables& tables, ComponentWalk& component, uint8_t*,
-              Block& block) const {
-        if (!reader.dc(tables, component.predictor)) return false;
-        block.flat = reader.endsAtOnce(tables);
-        if (block.flat) {
-            block.mean = static_cast<uint32_t>(component.predictor) * component.quant[0];
-            return true;
+    // Two steps for each block of the component.
+    ReadStep* addSteps(ReadStep* step, Block* blocks, uint32_t count, const LookTables& tables) const {
+        for (; count != 0; --count, ++blocks) {
+            *step++ = {tables.dc->entries, blocks->words, 0, tables.dcTable, m_steps};
+            *step++ = {tables.ac->entries, blocks->words, 1, tables.acTable, m_steps};
         }
-        Coefficients coefficients(block.words, m_steps);
-        coefficients.storeLarge(0, component.predictor);
-        return reader.ac(tables, coefficients) && !coefficients.tooLarge();
+        return step;
     }
 
-    void write(const Block& block, const ComponentWalk& component, uint8_t* out) const {
-        if (block.flat) {
-            fill(out, component.stride, kSide == 8 ? flatSample8(block.mean) : flatSample4(block.mean));
-            return;
+    static void clear(Block& block) {
+        const auto zero = Lanes::all16(0);
+        for (uint32_t word = 0; word < 64; word += kGroupWords) Lanes::store(block.words + word, zero);
+    }
+
+    // The first word holds the difference to the block before.
+    bool write(Block& block, ComponentWalk& component, uint8_t* out) const {
+        component.predictor = wrappedSum(component.predictor, block.words[0]);
+        auto coefficients = Dct::dequantise(block.words, m_quant);
+        if (Dct::isZero(coefficients)) {
+            const uint32_t mean = static_cast<uint32_t>(component.predictor) * component.quant[0];
+            fill(out, component.stride, kSide == 8 ? flatSample8(mean) : flatSample4(mean));
+            return true;
         }
-        const auto coefficients = Dct::dequantise(block.words, m_quant);
+        if (McuReader<Lanes>::tooLarge(component.predictor, m_steps[0])) return false;
+        Dct::addMean(coefficients, component.predictor * m_steps[0]);
         if (Dct::sumOfMagnitudes(coefficients) > kLargestSum) {
+            block.words[0] = static_cast<int16_t>(component.predictor);
             writePlainly(block, component, out);
         } else if constexpr (kSide == 8) {
             Dct::inverse8(out, component.stride, coefficients);
         } else {
             Dct::inverse4(out, component.stride, coefficients);
         }
+        return true;
     }
 
   private:
     using Dct = WideDct<Lanes>;
     static constexpr int32_t kLargestSum = kSide == 8 ? kLargestSum8 : kLargestSum4;
-
-    class Coefficients {
-      public:
-        Coefficients(int16_t* words, const int32_t* steps) : m_words(words), m_steps(steps) {
-            const auto zero = Lanes::all16(0);
-            for (uint32_t word = 0; word < 64; word += kGroupWords) Lanes::store(words + word, zero);
-        }
-        // Six bits: small enough with any step.
-        void store(uint32_t k, int32_t value) { m_words[kBlockLayout.word[k]] = static_cast<int16_t>(value); }
-        void storeLarge(uint32_t k, int32_t value) {
-            const int64_t product = int64_t{value} * m_steps[k];
-            m_tooLarge |= product > kLargestProduct || product < -kLargestProduct;
-            store(k, value);
-        }
-        bool tooLarge() const { return m_tooLarge; }
-
-      private:
-        static constexpr int64_t kLargestProduct = 8191;
-        int16_t* m_words;
-        const int32_t* m_steps;
-        bool m_tooLarge = false;
-    };
 
     static void writePlainly(const Block& block, const ComponentWalk& component, uint8_t* out) {
         int32_t coefficients[64];
@@ -112,6 +98,7 @@ template <class Lanes>
 class SummedWide {
   public:
     static constexpr uint32_t kStep = 2;
+    static constexpr bool kReadsMcus = false;
 
     bool setUp(const uint32_t* quant) {
         for (uint32_t k = 0; k < 64; ++k) {
@@ -125,10 +112,8 @@ class SummedWide {
         return true;
     }
 
-    struct Block {};
-
-    bool read(BlockReader<Lanes>& reader, const LookTables& tables, ComponentWalk& component, uint8_t* out,
-              Block&) const {
+    bool decode(BlockReader<Lanes>& reader, const LookTables& tables, ComponentWalk& component,
+                uint8_t* out) const {
         if (!reader.dc(tables, component.predictor)) return false;
         Sums sums(m_weights);
         sums.store(0, component.predictor);
@@ -140,8 +125,6 @@ class SummedWide {
         storePair(out + component.stride, bytes >> 16);
         return true;
     }
-
-    void write(const Block&, const ComponentWalk&, uint8_t*) const {}
 
   private:
     using Half = typename Lanes::Half;
@@ -161,7 +144,6 @@ class SummedWide {
             const Half weights = _mm_load_si128(reinterpret_cast<const Half*>(m_weights[k]));
             m_sums = _mm_add_epi32(m_sums, _mm_mullo_epi32(_mm_set1_epi32(value), weights));
         }
-        void storeLarge(uint32_t k, int32_t value) { store(k, value); }
         Half values() const { return m_sums; }
 
       private:
@@ -182,19 +164,16 @@ template <class Lanes>
 class MeanWide {
   public:
     static constexpr uint32_t kStep = 1;
+    static constexpr bool kReadsMcus = false;
 
     bool setUp(const uint32_t*) { return true; }
 
-    struct Block {};
-
-    bool read(BlockReader<Lanes>& reader, const LookTables& tables, ComponentWalk& component, uint8_t* out,
-              Block&) const {
+    bool decode(BlockReader<Lanes>& reader, const LookTables& tables, ComponentWalk& component,
+                uint8_t* out) const {
         if (!reader.dc(tables, component.predictor) || !reader.skipAc(tables)) return false;
         *out = blockMean(component.predictor, component.quant[0]);
         return true;
     }
-
-    void write(const Block&, const ComponentWalk&, uint8_t*) const {}
 };
 
 }  // namespace jpeg

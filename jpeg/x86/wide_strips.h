@@ -1,7 +1,7 @@
 // The strips of a scan in the fast engines: what is ordinary here, the rest by the portable engine.
 #pragma once
 #include "jpeg/portable_engine.h"
-#include "jpeg/x86/wide_blocks.h"
+#include "jpeg/x86/wide_mcu.h"
 #include "jpeg/x86/wide_rows.h"
 
 namespace jpeg {
@@ -12,14 +12,7 @@ class WideStrips {
     WideStrips(DecoderContext& context, ScanWalk& walk) : m_context(context), m_walk(walk) {}
 
     uint32_t decode() {
-        for (uint32_t index = 0; index < m_walk.count; ++index) {
-            const ComponentWalk& component = m_walk.components[index];
-            const auto dc = component.dcTable - &m_context.huffman[kDcSlot];
-            const auto ac = component.acTable - &m_context.huffman[kAcSlot];
-            m_tables[index] = {component.dcTable, component.acTable, &kDcLooks[dc], &kAcLooks[ac],
-                               &kAcSkips[ac]};
-            if (!m_kinds[index].setUp(component.quant)) return decodeStripsPortably(m_context, m_walk);
-        }
+        if (!m_blocks.setUp(m_context, m_walk)) return decodeStripsPortably(m_context, m_walk);
         while (m_place.row < m_context.mcuRows) {
             decodeOrdinary();
             const uint32_t code = continueStripsPortably(m_context, m_walk, m_place, 1);
@@ -29,11 +22,8 @@ class WideStrips {
     }
 
   private:
-    using Block = typename Kind<Lanes>::Block;
+    using Blocks = WideMcu<Lanes, Kind>;
     static constexpr uint32_t kStep = Kind<Lanes>::kStep;
-    static constexpr uint32_t kMaxBlocks = 6;  // of an MCU, at 4:2:0
-    // So many bits must be left behind an MCU: the portable reader wants 8 for each symbol, however short.
-    static constexpr int32_t kBitsBehind = 8;
 
     // MCUs up to the one that stands before a restart point or ends the scan.
     uint32_t ordinaryMcus() const {
@@ -46,10 +36,10 @@ class WideStrips {
 
     // Stops before an MCU with anything else in it.
     void decodeOrdinary() {
-        BlockReader<Lanes> bits(m_context);
+        McuReader<Lanes> bits(m_context);
         seekMcu(m_walk, m_place, kStep);
         for (uint32_t left = ordinaryMcus(); left != 0; --left) {
-            const BlockReader<Lanes> before = bits;
+            const McuReader<Lanes> before = bits;
             const int32_t predictors[kMaxScanComponents] = {m_walk.components[0].predictor,
                                                             m_walk.components[1].predictor,
                                                             m_walk.components[2].predictor};
@@ -70,45 +60,16 @@ class WideStrips {
         bits.putDown(m_context);
     }
 
-    // The reader is a copy, whose fields need no memory.
-    bool decodeMcu(BlockReader<Lanes>& bits) {
-        BlockReader<Lanes> reader = bits;
-        Block* block = m_blocks;
-        const bool read = forBlocks([&](uint32_t index, ComponentWalk& component, uint8_t* out) {
-            return m_kinds[index].read(reader, m_tables[index], component, out, *block++);
-        });
-        if (!read || !reader.has(kBitsBehind)) return false;
-        bits = reader;
-        block = m_blocks;
-        forBlocks([&](uint32_t index, const ComponentWalk& component, uint8_t* out) {
-            m_kinds[index].write(*block++, component, out);
-            return true;
-        });
+    bool decodeMcu(McuReader<Lanes>& bits) {
+        const bool good = m_blocks.decodeMcu(bits, m_walk);
         for (ComponentWalk& component : m_walk.components) component.next += component.across * kStep;
-        return true;
-    }
-
-    // The blocks of an MCU in the stream's order, as long as visit(index, component, out) likes it.
-    template <class Visit>
-    bool forBlocks(Visit visit) {
-        for (uint32_t index = 0; index < m_walk.count; ++index) {
-            ComponentWalk& component = m_walk.components[index];
-            for (uint32_t v = 0; v < component.down; ++v) {
-                for (uint32_t h = 0; h < component.across; ++h) {
-                    uint8_t* const out = component.next + (v * component.stride + h) * kStep;
-                    if (!visit(index, component, out)) return false;
-                }
-            }
-        }
-        return true;
+        return good;
     }
 
     DecoderContext& m_context;
     ScanWalk& m_walk;
     ScanPlace m_place;
-    LookTables m_tables[kMaxScanComponents];
-    Kind<Lanes> m_kinds[kMaxScanComponents];
-    Block m_blocks[kMaxBlocks];
+    Blocks m_blocks;
 };
 
 template <class Lanes>

@@ -1,7 +1,7 @@
 // Fills WideKernels from the templates.
 #pragma once
 #include "jpeg/x86/wide_dct.h"
-#include "jpeg/x86/wide_rows.h"
+#include "jpeg/x86/wide_pixels.h"
 #include "unit/jpeg/wide_kernels.h"
 
 template <class Lanes>
@@ -32,10 +32,11 @@ struct WideKernelsOf {
     }
     static void channels(int16_t* red, int16_t* green, int16_t* blue, const uint8_t* y, const uint8_t* cb,
                          const uint8_t* cr) {
-        const auto bytes = [](const uint8_t* from) {
-            return _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
+        using Color = jpeg::WideColor<Lanes>;
+        const auto widened = [](const uint8_t* from) {
+            return Lanes::widen8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(from)));
         };
-        const auto channels = jpeg::WideColor<Lanes>::channels(bytes(y), bytes(cb), bytes(cr));
+        const auto channels = Color::channels(widened(y), Color::shares(widened(cb), widened(cr)));
         Lanes::store(red, channels.red);
         Lanes::store(green, channels.green);
         Lanes::store(blue, channels.blue);

@@ -35,7 +35,7 @@ inline uint32_t decodeSymbol(BitReader& reader, const HuffmanTable& table, uint3
 }
 
 // The signed value of `size` magnitude bits: the lower half of the range stands for the negative values.
-inline int32_t extendSign(uint32_t magnitude, uint32_t size) {
+constexpr int32_t extendSign(uint32_t magnitude, uint32_t size) {
     const int32_t value = static_cast<int32_t>(magnitude);
     return size != 0 && magnitude < 1u << (size - 1) ? value - ((1 << size) - 1) : value;
 }

@@ -133,6 +133,15 @@ void inverseDct4(uint8_t* out, const int32_t* coefficients, const uint32_t* quan
     }
 }
 
+uint8_t flatSample8(uint32_t dc) {
+    const Word column = shiftRight(dc * (362 * 4), 9);
+    return sampleByte(roundSixteenth(shiftRight(column * 362, 9)));
+}
+
+uint8_t flatSample4(uint32_t dc) {
+    return sampleByte(static_cast<int32_t>(shiftRight(dc * 4 << 14, 19)));
+}
+
 void inverseDct2(uint8_t* out, const int32_t* coefficients, const uint32_t* quant, uint32_t stride) {
     constexpr uint32_t kColumns[] = {0, 1, 3, 5, 7};  // the others have no part in the rows
     Word work[2][8];

@@ -12,6 +12,10 @@ using InverseDct = void (*)(uint8_t* out, const int32_t* coefficients, const uin
 void inverseDct8(uint8_t* out, const int32_t* coefficients, const uint32_t* quant, uint32_t stride);
 void inverseDct4(uint8_t* out, const int32_t* coefficients, const uint32_t* quant, uint32_t stride);
 
+// The one sample of a block without AC coefficients; `dc` is dequantised.
+uint8_t flatSample8(uint32_t dc);
+uint8_t flatSample4(uint32_t dc);
+
 // Expects a quantisation table that prescaleQuantTable() has been over.
 void inverseDct2(uint8_t* out, const int32_t* coefficients, const uint32_t* quant, uint32_t stride);
 void prescaleQuantTable(uint32_t* quant);

@@ -56,33 +56,53 @@ inline uint32_t passRestartPoint(BitReader& reader, ScanWalk& walk) {
     return kDecodeOk;
 }
 
+// The MCU that comes next. Together with the walk's predictors and the context's reader it is all that a scan
+// needs to go on, whoever decoded it so far.
+struct ScanPlace {
+    uint32_t row = 0;
+    uint32_t column = 0;
+    uint32_t sinceRestart = 0;  // MCUs since the last restart point
+};
+
+inline constexpr uint32_t kAllMcus = UINT32_MAX;
+
+// Where the samples of the MCU at `place` go, in every component.
+inline void seekMcu(ScanWalk& walk, const ScanPlace& place, uint32_t blockStep) {
+    for (ComponentWalk& component : walk.components) {
+        component.next = component.rowStart + place.column * component.across * blockStep;
+    }
+}
+
+// Decodes `mcus` MCUs from `place`, or what is left of the scan, and leaves `place` behind the last of them.
 // block(reader, component, out) decodes one block into the samples at `out`, `blockStep` to each side.
 // finishRow(walk, row) runs when an MCU row is complete, before the restart point that may follow it.
 template <class Block, class FinishRow>
-uint32_t decodeMcus(DecoderContext& context, ScanWalk& walk, uint32_t blockStep, Block&& block,
-                    FinishRow&& finishRow) {
+uint32_t decodeMcus(DecoderContext& context, ScanWalk& walk, ScanPlace& place, uint32_t mcus,
+                    uint32_t blockStep, Block&& block, FinishRow&& finishRow) {
     BitReader reader(context);
-    uint32_t sinceRestart = 0;
-    for (uint32_t row = 0; row < context.mcuRows; ++row) {
-        for (ComponentWalk& component : walk.components) component.next = component.rowStart;
-        for (uint32_t column = 0; column < context.mcusPerRow; ++column) {
-            for (uint32_t index = 0; index < walk.count; ++index) {
-                ComponentWalk& component = walk.components[index];
-                for (uint32_t v = 0; v < component.down; ++v) {
-                    for (uint32_t h = 0; h < component.across; ++h) {
-                        uint8_t* const out = component.next + (v * component.stride + h) * blockStep;
-                        const uint32_t code = block(reader, component, out);
-                        if (code != kDecodeOk) return code;
-                    }
+    seekMcu(walk, place, blockStep);
+    for (; mcus != 0 && place.row < context.mcuRows; --mcus) {
+        for (uint32_t index = 0; index < walk.count; ++index) {
+            ComponentWalk& component = walk.components[index];
+            for (uint32_t v = 0; v < component.down; ++v) {
+                for (uint32_t h = 0; h < component.across; ++h) {
+                    uint8_t* const out = component.next + (v * component.stride + h) * blockStep;
+                    const uint32_t code = block(reader, component, out);
+                    if (code != kDecodeOk) return code;
                 }
-                component.next += component.across * blockStep;
             }
-            if (column + 1 == context.mcusPerRow) finishRow(walk, row);
-            if (context.restartInterval == 0 || ++sinceRestart < context.restartInterval) continue;
-            sinceRestart = 0;
-            const uint32_t code = passRestartPoint(reader, walk);
-            if (code != kDecodeOk) return code;
+            component.next += component.across * blockStep;
         }
+        if (++place.column == context.mcusPerRow) {
+            finishRow(walk, place.row);
+            place.column = 0;
+            ++place.row;
+            seekMcu(walk, place, blockStep);
+        }
+        if (context.restartInterval == 0 || ++place.sinceRestart < context.restartInterval) continue;
+        place.sinceRestart = 0;
+        const uint32_t code = passRestartPoint(reader, walk);
+        if (code != kDecodeOk) return code;
     }
     return kDecodeOk;
 }

@@ -1,5 +1,6 @@
 #include "jpeg/portable_engine.h"
 
+#include "jpeg/mcu_loop.h"
 #include "jpeg/scan_blocks.h"
 
 namespace jpeg {
@@ -24,11 +25,17 @@ Reduction reductionOf(const DecoderContext& context) {
 
 }  // namespace
 
-uint32_t decodeStripsPortably(DecoderContext& context, ScanWalk& walk) {
+uint32_t continueStripsPortably(DecoderContext& context, ScanWalk& walk, ScanPlace& place, uint32_t mcus) {
     const auto finishRow = [&context](ScanWalk&, uint32_t row) { deliverMcuRow(context, row); };
-    if (context.scaleDiv == 8) return decodeMcus(context, walk, 1, decodeMeanBlock, finishRow);
+    if (context.scaleDiv == 8) return decodeMcus(context, walk, place, mcus, 1, decodeMeanBlock, finishRow);
     const Reduction reduction = reductionOf(context);
-    return decodeMcus(context, walk, reduction.blockStep, TransformedBlock(reduction.transform), finishRow);
+    return decodeMcus(context, walk, place, mcus, reduction.blockStep, TransformedBlock(reduction.transform),
+                      finishRow);
+}
+
+uint32_t decodeStripsPortably(DecoderContext& context, ScanWalk& walk) {
+    ScanPlace place;
+    return continueStripsPortably(context, walk, place, kAllMcus);
 }
 
 }  // namespace jpeg

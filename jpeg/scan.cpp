@@ -28,7 +28,9 @@ uint32_t decodePlanes(DecoderContext& context, ScanWalk& walk) {
             component.rowStart += component.stride * component.down * 8;
         }
     };
-    const uint32_t code = decodeMcus(context, walk, 8, TransformedBlock(inverseDct8), finishRow);
+    ScanPlace place;
+    const uint32_t code =
+        decodeMcus(context, walk, place, kAllMcus, 8, TransformedBlock(inverseDct8), finishRow);
     if (code != kDecodeOk && code != kDecodeScanEndedOnMarker) return code;
     beginLumaPicture(context);
     convertRows(context, context.scaledHeight);

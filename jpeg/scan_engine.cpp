@@ -2,6 +2,10 @@
 
 #include "jpeg/converters.h"
 #include "jpeg/portable_engine.h"
+#include "jpeg/scalar_engine.h"
+#ifdef ZEL_X86_64_ENGINES
+#include "jpeg/x86/engines.h"
+#endif
 
 namespace jpeg {
 
@@ -11,7 +15,14 @@ bool always() {
     return true;
 }
 
-constexpr ScanEngine kEngines[] = {{"portable", always, decodeStripsPortably}};
+constexpr ScanEngine kEngines[] = {
+    {"portable", always, decodeStripsPortably},
+    {"scalar", always, decodeStripsScalar},
+#ifdef ZEL_X86_64_ENGINES
+    {"sse4.1", supportsSse, decodeStripsSse},
+    {"avx2", supportsAvx2, decodeStripsAvx2},
+#endif
+};
 
 }  // namespace
 

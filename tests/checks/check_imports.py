@@ -18,7 +18,7 @@ PROGRAM_FOLDERS = ["app", "capture", "device", "framework", "jpeg", "liveview", 
 RUNTIME = set((ROOT / "tests" / "checks" / "desktop_runtime.txt").read_text().split())
 
 # Symbols that the compiler itself adds to objects.
-COMPILER = re.compile(r"^(_Z|__gxx|__cxa|_Unwind|___chkstk|__main$|__dso|_pei386|atexit$|\.refptr|__emutls|_tls)")
+COMPILER = re.compile(r"^(_Z|__gxx|__cxa|_Unwind|___chkstk|__main$|__dso|_pei386|atexit$|__cpu_model$|\.refptr|__emutls|_tls)")
 
 
 def exported(library):

@@ -1,0 +1,145 @@
+#include "jpeg/x86/symbol_tables.h"
+
+#include "jpeg/huffman.h"
+#include "jpeg/typical_tables.h"
+
+namespace jpeg {
+
+namespace {
+
+// The code that begins with the given bits, for all kLookBits bits; length 0 = it is longer.
+struct CodeLook {
+    struct Code {
+        uint8_t length;
+        uint8_t symbol;
+    };
+    Code codes[kLooks];
+};
+
+constexpr CodeLook makeCodeLook(const TypicalTable& table) {
+    CodeLook look{};
+    uint32_t code = 0;
+    uint32_t index = 0;
+    for (uint32_t length = 1; length <= kLookBits; ++length, code <<= 1) {
+        const uint32_t spare = kLookBits - length;
+        for (uint32_t n = 0; n < table.bits[length - 1]; ++n, ++code, ++index) {
+            for (uint32_t below = 0; below < 1u << spare; ++below) {
+                look.codes[code << spare | below] = {static_cast<uint8_t>(length), table.values[index]};
+            }
+        }
+    }
+    return look;
+}
+
+// Takes symbols off the front of a few bits.
+class Front {
+  public:
+    constexpr Front(const CodeLook& look, uint32_t bits) : m_look(look), m_bits(bits), m_count(kLookBits) {}
+    constexpr uint32_t left() const { return m_count; }
+    constexpr uint32_t size() const { return code().symbol & 15u; }
+    constexpr uint32_t run() const { return code().symbol >> 4; }
+    constexpr bool endsBlock() const { return code().symbol == 0; }
+    constexpr bool hasCode() const { return code().length != 0 && code().length <= m_count; }
+    constexpr bool hasSymbol() const { return hasCode() && code().length + size() <= m_count; }
+    constexpr uint32_t symbolLength() const { return code().length + size(); }
+    constexpr int32_t value() const {
+        const uint32_t magnitude = size() == 0 ? 0 : shifted(code().length) >> (kLookBits - size());
+        return extendSign(magnitude, size());
+    }
+    constexpr void drop() {
+        const uint32_t length = symbolLength();
+        m_bits = shifted(length);
+        m_count -= length;
+    }
+
+  private:
+    constexpr CodeLook::Code code() const { return m_look.codes[m_bits]; }
+    constexpr uint32_t shifted(uint32_t length) const { return m_bits << length & ((1u << kLookBits) - 1); }
+    const CodeLook& m_look;
+    uint32_t m_bits;
+    uint32_t m_count;
+};
+
+constexpr LookTable makeDcLook(const CodeLook& codes) {
+    LookTable look{};
+    for (uint32_t bits = 0; bits < kLooks; ++bits) {
+        const Front front(codes, bits);
+        look.entries[bits] =
+            front.hasSymbol()
+                ? Look::kEndBit | (static_cast<uint32_t>(front.value()) & 127) << 24 | front.symbolLength()
+                : Look::kNothingFits << 8;
+    }
+    return look;
+}
+
+constexpr uint32_t acEntry(Front front) {
+    if (!front.hasSymbol()) return Look::kNothingFits << 8;
+    uint32_t places = 0;
+    uint32_t firstPlace = 0;
+    int32_t first = 0;
+    int32_t last = 0;
+    const uint32_t held = front.left();
+    for (uint32_t count = 0; count < 2 && front.hasSymbol() && !front.endsBlock(); ++count) {
+        if (count != 0) {
+            firstPlace = places - 1;
+            first = last;
+        }
+        places += front.run() + 1;
+        last = front.value();
+        front.drop();
+    }
+    const bool ends = front.hasSymbol() && front.endsBlock();
+    if (ends) front.drop();
+    return (ends ? Look::kEndBit : 0) | (static_cast<uint32_t>(last) & 127) << 24 |
+           (static_cast<uint32_t>(first) & 31) << 19 | firstPlace << 15 |
+           (places != 0 ? places - 1 : 0) << 8 | (held - front.left());
+}
+
+constexpr LookTable makeAcLook(const CodeLook& codes) {
+    LookTable look{};
+    for (uint32_t bits = 0; bits < kLooks; ++bits) {
+        look.entries[bits] = acEntry(Front(codes, bits));
+    }
+    return look;
+}
+
+constexpr uint16_t skipEntry(Front front) {
+    if (!front.hasCode()) return Look::kNothingFits << 8;
+    uint32_t places = 0;
+    uint32_t length = 0;
+    bool ends = false;
+    while (!ends && front.hasCode()) {
+        length += front.symbolLength();
+        ends = front.endsBlock();
+        if (!ends) places += front.run() + 1;
+        if (!front.hasSymbol()) break;
+        front.drop();
+    }
+    return static_cast<uint16_t>((ends ? kSkipEndBit : 0) | places << 8 | length);
+}
+
+constexpr SkipTable makeAcSkip(const CodeLook& codes) {
+    SkipTable skip{};
+    for (uint32_t bits = 0; bits < kLooks; ++bits) {
+        skip.entries[bits] = skipEntry(Front(codes, bits));
+    }
+    return skip;
+}
+
+constexpr CodeLook kCodes[4] = {makeCodeLook(kTypicalTables[0]), makeCodeLook(kTypicalTables[1]),
+                                makeCodeLook(kTypicalTables[2]), makeCodeLook(kTypicalTables[3])};
+
+constexpr LookTable kDcLuminance = makeDcLook(kCodes[0]);
+constexpr LookTable kDcChrominance = makeDcLook(kCodes[1]);
+constexpr LookTable kAcLuminance = makeAcLook(kCodes[2]);
+constexpr LookTable kAcChrominance = makeAcLook(kCodes[3]);
+constexpr SkipTable kSkipLuminance = makeAcSkip(kCodes[2]);
+constexpr SkipTable kSkipChrominance = makeAcSkip(kCodes[3]);
+
+}  // namespace
+
+alignas(64) constexpr LookTable kDcLooks[2] = {kDcLuminance, kDcChrominance};
+alignas(64) constexpr LookTable kAcLooks[2] = {kAcLuminance, kAcChrominance};
+alignas(64) constexpr SkipTable kAcSkips[2] = {kSkipLuminance, kSkipChrominance};
+
+}  // namespace jpeg

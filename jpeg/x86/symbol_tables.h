@@ -1,0 +1,50 @@
+// Tables that decode several symbols of the typical Huffman tables in one look, for the fast engines.
+#pragma once
+#include <cstdint>
+
+namespace jpeg {
+
+inline constexpr uint32_t kLookBits = 11;
+inline constexpr uint32_t kLooks = 1 << kLookBits;
+
+// One or two coefficients, and the end of the block if it follows, by the next kLookBits bits. Where only one
+// coefficient fits it is `last`, and `first` stands for a zero that it may overwrite. A run of 16 zeros is a
+// coefficient of value zero. A DC difference always stands alone, and what ends there is the block's DC part.
+//   bits 0..7    total length
+//   bits 8..13   place of the last coefficient, less the place that comes next; 63 = not even one fits
+//   bits 15..18  place of the first coefficient, less the place that comes next
+//   bits 19..23  value of the first, signed
+//   bits 24..30  value of the last, signed; of AC coefficients it takes 6 bits at most
+//   bit 31       the block, or its DC part, ends here
+struct LookTable {
+    uint32_t entries[kLooks];
+};
+
+struct Look {
+    uint32_t entry;
+    uint32_t length() const { return entry & 0xFF; }
+    uint32_t lastPlace() const { return entry >> 8 & 63; }
+    uint32_t firstPlace() const { return entry >> 15 & 15; }
+    int32_t first() const { return static_cast<int32_t>(entry << 8) >> 27; }
+    int32_t last() const { return static_cast<int32_t>(entry << 1) >> 25; }
+    bool ends() const { return (entry & kEndBit) != 0; }
+    static constexpr uint32_t kEndBit = 1u << 31;
+    static constexpr uint32_t kNothingFits = 63;
+};
+
+// As many AC coefficients as fit, and the end of the block if it follows, for those who need no values: the
+// magnitude of the last one may lie beyond the bits looked at.
+//   bits 0..7    total length
+//   bits 8..13   places to move on; 63 = not even one code fits
+//   bit 15       the block ends here
+struct SkipTable {
+    uint16_t entries[kLooks];
+};
+inline constexpr uint32_t kSkipEndBit = 1u << 15;
+
+// Index 0: luminance, 1: chrominance.
+extern const LookTable kDcLooks[2];
+extern const LookTable kAcLooks[2];
+extern const SkipTable kAcSkips[2];
+
+}  // namespace jpeg

@@ -2,7 +2,7 @@
 
 #include "jpeg/converters.h"
 #include "jpeg/portable_engine.h"
-#include "jpeg/scalar_engine.h"
+#include "jpeg/scalar/engine.h"
 #ifdef ZEL_X86_64_ENGINES
 #include "jpeg/x86/engines.h"
 #endif

@@ -1,6 +1,6 @@
-#include "jpeg/scalar_reduced.h"
+#include "jpeg/scalar/reduced.h"
 
-#include "jpeg/scalar_skips.h"
+#include "jpeg/scalar/skips.h"
 #include "jpeg/zigzag.h"
 
 namespace jpeg {

@@ -1,5 +1,5 @@
 #pragma once
-#include "jpeg/scalar_block.h"
+#include "jpeg/scalar/block.h"
 
 namespace jpeg {
 

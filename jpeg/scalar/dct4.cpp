@@ -1,11 +1,11 @@
-// The 4 x 4 inverse DCT without what is known to be zero, see scalar_dct8.cpp.
+// The 4 x 4 inverse DCT without what is known to be zero, see scalar/dct8.cpp.
 //
 // Sums are those of the portable transform, which wrap, in another order. One thing needs a bound: a column
 // without anything below its first coefficient X is 4 X there, and (X << 14) >> 12 here.
-#include "jpeg/scalar_dct4.h"
+#include "jpeg/scalar/dct4.h"
 
 #include "jpeg/inverse_dct.h"
-#include "jpeg/scalar_words.h"
+#include "jpeg/scalar/words.h"
 
 namespace jpeg {
 

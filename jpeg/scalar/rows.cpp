@@ -1,13 +1,13 @@
-// Rows of samples to rows of pixels, four pixels at a time, see scalar_colors.h; a turn of the loops takes
+// Rows of samples to rows of pixels, four pixels at a time, see scalar/colors.h; a turn of the loops takes
 // two or three times four. Pixels are stored as words: the picture is not in the handheld's data cache, so
 // that every store goes to memory.
-#include "jpeg/scalar_rows.h"
+#include "jpeg/scalar/rows.h"
 
 #include <cstdint>
 
 #include "jpeg/pixel_formats.h"
-#include "jpeg/scalar_colors.h"
-#include "jpeg/scalar_words.h"
+#include "jpeg/scalar/colors.h"
+#include "jpeg/scalar/words.h"
 
 namespace jpeg {
 

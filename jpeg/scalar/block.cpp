@@ -1,4 +1,4 @@
-#include "jpeg/scalar_block.h"
+#include "jpeg/scalar/block.h"
 
 #include "jpeg/zigzag.h"
 

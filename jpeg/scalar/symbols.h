@@ -1,8 +1,8 @@
-// Symbols of ordinary data, one look each; what the look-ahead of scalar_codes.h does not hold takes longer.
+// Symbols of ordinary data, one look each; what the look-ahead of scalar/codes.h does not hold takes longer.
 #pragma once
-#include "jpeg/scalar_bits.h"
-#include "jpeg/scalar_codes.h"
-#include "jpeg/scalar_skips.h"
+#include "jpeg/scalar/bits.h"
+#include "jpeg/scalar/codes.h"
+#include "jpeg/scalar/skips.h"
 
 namespace jpeg {
 

@@ -16,10 +16,10 @@
 // A value is at most 4 times the sum of all coefficients' absolute values and less than 100 more, by the
 // transforms' constants and roundings. kDct8MaxMagnitude keeps it within 16 bits, and everything before it
 // within 32.
-#include "jpeg/scalar_dct8.h"
+#include "jpeg/scalar/dct8.h"
 
 #include "jpeg/inverse_dct.h"
-#include "jpeg/scalar_words.h"
+#include "jpeg/scalar/words.h"
 
 namespace jpeg {
 

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "jpeg/mcu_loop.h"
-#include "jpeg/scalar_symbols.h"
+#include "jpeg/scalar/symbols.h"
 
 namespace jpeg {
 

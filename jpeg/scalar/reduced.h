@@ -1,6 +1,6 @@
 // Blocks at reduction 4 and 8, of which no coefficients are kept.
 #pragma once
-#include "jpeg/scalar_block.h"
+#include "jpeg/scalar/block.h"
 
 namespace jpeg {
 

@@ -1,8 +1,8 @@
-#include "jpeg/scalar_engine.h"
+#include "jpeg/scalar/engine.h"
 
 #include "jpeg/portable_engine.h"
-#include "jpeg/scalar_plans.h"
-#include "jpeg/scalar_rows.h"
+#include "jpeg/scalar/plans.h"
+#include "jpeg/scalar/rows.h"
 
 namespace jpeg {
 

@@ -6,10 +6,10 @@
 //                              the predictor
 #pragma once
 #include "jpeg/inverse_dct.h"
-#include "jpeg/scalar_block.h"
-#include "jpeg/scalar_dct4.h"
-#include "jpeg/scalar_dct8.h"
-#include "jpeg/scalar_reduced.h"
+#include "jpeg/scalar/block.h"
+#include "jpeg/scalar/dct4.h"
+#include "jpeg/scalar/dct8.h"
+#include "jpeg/scalar/reduced.h"
 
 namespace jpeg {
 

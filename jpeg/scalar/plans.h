@@ -2,7 +2,7 @@
 #pragma once
 #include "jpeg/converters.h"
 #include "jpeg/mcu_loop.h"
-#include "jpeg/scalar_blocks.h"
+#include "jpeg/scalar/blocks.h"
 
 namespace jpeg {
 

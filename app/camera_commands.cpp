@@ -84,7 +84,7 @@ void CCameraDlg::OnPlay() {
     StopPreview(m_camera.device);
     ShutDownCamera(m_camera.device);  // the viewer may want the card
     const std::wstring picture = m_camera.screen.picturesTaken != 0
-                                     ? PicturePath(m_camera.settings, m_camera.settings.jpgNo - 1)
+                                     ? PicturePath(m_camera.settings, LastNumber(m_camera.settings.jpgNo))
                                      : std::wstring();
     if (StartProcess(L"\\windows\\korvoimgview.exe", picture.empty() ? nullptr : picture.c_str())) ExitThread(0);
     ShowCaption(L"ERROR::\n Run korvoimgview.exe faile!", MB_OK);

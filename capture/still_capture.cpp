@@ -1,5 +1,7 @@
 #include "capture/still_capture.h"
 
+#include <algorithm>
+
 #include "capture/capture_effects.h"
 #include "capture/file_names.h"
 #include "capture/picture_decode.h"
@@ -14,7 +16,14 @@ constexpr uint32_t kReviewUnit = 2000;  // milliseconds of review per step of th
 constexpr uint32_t kPauseSmall = 100;   // milliseconds after a reviewed picture of the small modes
 constexpr uint32_t kPauseOther = 25;
 
-constexpr bool IsSmallMode(uint8_t mode) { return mode == 4 || mode == 8 || mode == 17; }
+// A setting below 0 lasts no time, one beyond counting the longest that can be counted.
+constexpr uint32_t ReviewMilliseconds(int32_t instantReview) {
+    return std::min<uint32_t>(std::max(instantReview, 0), UINT32_MAX / kReviewUnit) * kReviewUnit;
+}
+
+constexpr bool IsSmallMode(uint8_t mode) {
+    return mode == 4 || mode == 8 || mode == 17;
+}
 
 // Unlike everywhere else, a video resolution outside the table restarts the small stream.
 // Only a profile edited by hand shows it.  (StillCaptureTest.UnknownResolutionRestartsTheSmallStream)
@@ -31,8 +40,7 @@ void Review(StillCapture& capture, const std::wstring& path, uint8_t stillMode) 
     capture.screen.reviewShowing = true;
     LoadReviewPicture(capture, path, capture.screen.scaleCode);
     PauseMilliseconds(IsSmallMode(stillMode) ? kPauseSmall : kPauseOther);
-    StartReviewTimer(capture.screen.reviewShowing,
-                     static_cast<uint32_t>(capture.settings.instantReview) * kReviewUnit);
+    StartReviewTimer(capture.screen.reviewShowing, ReviewMilliseconds(capture.settings.instantReview));
 }
 
 }  // namespace
@@ -49,6 +57,7 @@ uint32_t TakeSnapshot(StillCapture& capture, int32_t resolution) {
         ShowCaptureMessage(CaptureMessage::pathTooLong);
         return 0;
     }
+    StopReviewTimer();
     capture.screen.reviewShowing = false;
     capture.screen.captureInProgress = true;
     EnableCaptureMenus(false);
@@ -80,8 +89,9 @@ ShutterResult PressShutter(StillCapture& capture, uint32_t now) {
 uint32_t LoadReviewPicture(StillCapture& capture, const std::wstring& path, int32_t scaleCode) {
     uint32_t bytes = 0;
     capture.review.ready = false;
-    const bool loaded = ReadReviewFile(path, capture.review.bytes, ReviewBuffer::kBytes, bytes) &&
-                        DecodePicture(capture.decoder, capture.review.bytes, bytes, scaleCode, capture.image) == 0;
+    const bool loaded =
+        ReadReviewFile(path, capture.review.bytes, ReviewBuffer::kBytes, bytes) &&
+        DecodePicture(capture.decoder, capture.review.bytes, bytes, scaleCode, capture.image) == 0;
     capture.review.ready = true;
     if (!loaded) return 1;
     PaintLiveView();

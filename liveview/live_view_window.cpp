@@ -24,7 +24,8 @@ constexpr RECT kHintBounds = {0, 141, 240, 161};
 constexpr RECT kResolutionBounds = {4, 160, 136, 180};
 constexpr RECT kRateBounds = {120, 141, 236, 161};
 
-constexpr RECT kSmallPicture = {kSmallLeft, kSmallTop, 201, 153};  // where a tap means the small picture, borders in
+constexpr RECT kSmallPicture = {kSmallLeft, kSmallTop, 201,
+                                153};  // where a tap means the small picture, borders in
 
 HFONT CreateReadoutFont() {
     LOGFONTW font = {};
@@ -75,9 +76,12 @@ void CLiveViewWindow::OnFrameReady() {
     if (outcome.stopRecording) PostMessageW(GetParent(Hwnd()), kMsgStopRecording, 0, 0);
 }
 
-void CLiveViewWindow::StartCountdownClock() { SetTimer(Hwnd(), kCountdownTimer, kCountdownPeriod, nullptr); }
+void CLiveViewWindow::StartCountdownClock() {
+    SetTimer(Hwnd(), kCountdownTimer, kCountdownPeriod, nullptr);
+}
 
-// Frames drive the countdown; the timer only keeps it going, and the picture coming, when the card sends none.
+// Frames drive the countdown; the timer only keeps it going, and the picture coming, when the card sends
+// none.
 void CLiveViewWindow::OnTimer(UINT_PTR) {
     if (!m_view.screen.countdownRunning) {
         KillTimer(Hwnd(), kCountdownTimer);
@@ -113,18 +117,21 @@ void CLiveViewWindow::Compose(CCanvas& canvas) {
     DrawOverlays(canvas);
     DrawCount(canvas);
     if (IsReviewing())
-        canvas.DrawReadout(L"Click picture to delete", kHintBounds, DT_CENTER | DT_NOPREFIX | DT_NOCLIP, kWhite, m_font);
+        canvas.DrawReadout(L"Click picture to delete", kHintBounds, DT_CENTER | DT_NOPREFIX | DT_NOCLIP,
+                           kWhite, m_font);
     wchar_t resolution[16];
     wsprintfW(resolution, L"%s", ResolutionText(m_view.settings, m_view.screen));
     canvas.DrawReadout(resolution, kResolutionBounds, DT_LEFT | DT_NOPREFIX, kWhite, m_font);
     DrawFrameRate(canvas);
+    m_view.room.asked = false;
 }
 
-// Under review the layout is the other one, so the decoded picture has to be fitted to it.
+// Under review the layout is the other one, so the decoded picture has to be fitted to it.  So has one that
+// was decoded before the video size changed.
 void CLiveViewWindow::DrawPicture(CCanvas& canvas) const {
     const bool review = m_view.screen.reviewShowing;
     const bool large = IsLargeLayout(m_view.settings.aviResolution, review);
-    const bool decodedLarge = m_view.screen.scaleCode == kScaleLarge;
+    const bool decodedLarge = m_view.image.mode != kScaleSmall;
     static constexpr PictureSource kLarge = {nullptr, kCanvasWidth, kCanvasHeight};
     static constexpr PictureSource kSmall = {nullptr, kSmallWidth, kSmallHeight};
     PictureSource picture = decodedLarge ? kLarge : kSmall;
@@ -151,13 +158,15 @@ void CLiveViewWindow::DrawOverlays(CCanvas& canvas) const {
             canvas.DrawOverlay(*overlay, plan.items[i].x, plan.items[i].y);
 }
 
-void CLiveViewWindow::DrawCount(CCanvas& canvas) const {
+void CLiveViewWindow::DrawCount(CCanvas& canvas) {
     const bool still = m_view.screen.mode == CaptureMode::still;
-    const uint32_t count = still ? PicturesLeft(m_view.settings, m_view.screen)
-                                 : VideoSecondsLeft(m_view.settings.aviResolution);
+    const uint32_t freeBytes = FreeBytes(m_view.room);
+    const uint32_t count = still ? PicturesIn(freeBytes, m_view.settings, m_view.screen)
+                                 : VideoSecondsIn(freeBytes, m_view.settings.aviResolution);
     wchar_t text[16];
     wsprintfW(text, L"%d", static_cast<int>(count));
-    canvas.DrawReadout(text, kCountBounds, DT_RIGHT | DT_NOPREFIX, still && count < kFewPictures ? kRed : kWhite, m_font);
+    canvas.DrawReadout(text, kCountBounds, DT_RIGHT | DT_NOPREFIX,
+                       still && count < kFewPictures ? kRed : kWhite, m_font);
     if (!still && count == 0 && m_view.recording.recording)
         PostMessageW(GetParent(Hwnd()), kMsgStopRecording, 0, 0);
 }
@@ -175,7 +184,7 @@ void CLiveViewWindow::DrawFrameRate(CCanvas& canvas) {
 void CLiveViewWindow::OnTap(POINT place) {
     if (!m_view.screen.reviewShowing) return;
     if (m_view.settings.aviResolution == 1 && !PtInRect(&kSmallPicture, place)) return;
-    const int answer = MessageBoxW(Hwnd(), LookUpText(m_texts, kTextDeletePicture), LookUpText(m_texts, kTextTitle),
-                                   MB_OKCANCEL | MB_ICONEXCLAMATION);
+    const int answer = MessageBoxW(Hwnd(), LookUpText(m_texts, kTextDeletePicture),
+                                   LookUpText(m_texts, kTextTitle), MB_OKCANCEL | MB_ICONEXCLAMATION);
     if (answer == IDOK) DeleteLastPicture(m_view.settings, m_view.profile, m_view.screen);
 }

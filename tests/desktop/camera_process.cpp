@@ -17,15 +17,18 @@ void WriteProfile(const std::vector<std::pair<std::wstring, DWORD>>& settings) {
         RegSetKeyValueW(HKEY_CURRENT_USER, kSection, name.c_str(), REG_DWORD, &value, sizeof(value));
 }
 
-// The block that CreateProcess wants: this process's variables less its HANDHELD_ ones, and the run's own.
+// The block that CreateProcess wants: this process's variables less its HANDHELD_ ones, and the run's own, which
+// replace those of the same name.
 std::wstring EnvironmentBlock(const std::vector<std::pair<std::wstring, std::wstring>>& variables) {
-    std::wstring block;
-    wchar_t* const inherited = GetEnvironmentStringsW();
-    for (const wchar_t* item = inherited; *item != 0; item += wcslen(item) + 1)
-        if (wcsncmp(item, L"HANDHELD_", 9) != 0) block.append(item).push_back(0);
-    FreeEnvironmentStringsW(inherited);
     std::map<std::wstring, std::wstring> own;
     for (const auto& [name, value] : variables) own[name] = value;
+    std::wstring block;
+    wchar_t* const inherited = GetEnvironmentStringsW();
+    for (const wchar_t* item = inherited; *item != 0; item += wcslen(item) + 1) {
+        const std::wstring name(item, wcscspn(item, L"="));
+        if (name.compare(0, 9, L"HANDHELD_") != 0 && own.count(name) == 0) block.append(item).push_back(0);
+    }
+    FreeEnvironmentStringsW(inherited);
     for (const auto& [name, value] : own) block.append(name).append(L"=").append(value).push_back(0);
     block.push_back(0);
     return block;
@@ -74,6 +77,21 @@ bool WaitFor(const std::function<bool()>& condition, DWORD milliseconds) {
         Sleep(10);
     }
     return true;
+}
+
+ProgramCopy::ProgramCopy(const std::vector<std::string>& without)
+    : m_folder(std::filesystem::temp_directory_path() / ("zel-copy-" + std::to_string(GetCurrentProcessId()))) {
+    std::filesystem::create_directories(m_folder);
+    for (const char* name : {"zelcamera.exe", "coredll.dll", "aygshell.dll", "commctrl.dll", "sio.dll",
+                             "Localization.dll", "korvoimgview.exe"})
+        if (std::find(without.begin(), without.end(), name) == without.end())
+            std::filesystem::copy_file(CameraProcess::BuildFolder() / name, m_folder / name,
+                                       std::filesystem::copy_options::overwrite_existing);
+}
+
+ProgramCopy::~ProgramCopy() {
+    std::error_code ignored;
+    std::filesystem::remove_all(m_folder, ignored);
 }
 
 std::filesystem::path CameraProcess::BuildFolder() {

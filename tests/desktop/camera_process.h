@@ -69,5 +69,20 @@ class CameraProcess {
     HWND m_screen = nullptr;
 };
 
+// A copy of the program's folder, to be run with some of its files missing or exchanged; removed in the end.
+class ProgramCopy {
+  public:
+    explicit ProgramCopy(const std::vector<std::string>& without = {});
+    ~ProgramCopy();
+    ProgramCopy(const ProgramCopy&) = delete;
+    ProgramCopy& operator=(const ProgramCopy&) = delete;
+
+    const std::filesystem::path& Folder() const { return m_folder; }
+    std::filesystem::path Program() const { return m_folder / "zelcamera.exe"; }
+
+  private:
+    const std::filesystem::path m_folder;
+};
+
 // Values of the profile's section.
 DWORD ProfileValue(const wchar_t* name, DWORD otherwise);

@@ -16,6 +16,7 @@ sys.path.insert(0, str(ROOT / "tests" / "support"))
 sys.path.insert(0, str(ROOT / "tools"))
 
 from camera_session import play_session  # noqa: E402
+from language_walk import walk_languages  # noqa: E402
 from wine_session import wine_session  # noqa: E402
 
 HOME = pathlib.Path(os.environ.get("XDG_DATA_HOME", pathlib.Path.home() / ".local" / "share")) / "zel-camera"
@@ -57,6 +58,8 @@ def parse():
     for name, _, placeholder, text in SETTINGS:
         parser.add_argument("--" + name, metavar=placeholder, help=text)
     parser.add_argument("--session", action="store_true", help="play the scripted session although there is a display")
+    parser.add_argument("--languages", action="store_true",
+                        help="walk through every screen in all nine languages instead; pictures in out/languages")
     return parser.parse_args()
 
 
@@ -78,9 +81,9 @@ def main():
     options = parse()
     build()
     chosen = environment_of(options)
-    if options.session or not has_display():
+    if options.languages or options.session or not has_display():
         with wine_session() as wine:
-            return play_session(wine, chosen)
+            return walk_languages(wine, chosen) if options.languages else play_session(wine, chosen)
     chosen.setdefault("HANDHELD_ROOT", str(HOME / "store"))
     with wine_session(prefix=HOME / "wine", display=os.environ["DISPLAY"]) as wine:
         return wine.run([ROOT / "build" / "desktop" / "zelcamera.exe"], env=chosen).returncode

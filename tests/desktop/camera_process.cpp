@@ -35,7 +35,7 @@ std::wstring EnvironmentBlock(const std::vector<std::pair<std::wstring, std::wst
 }
 
 struct Search {
-    DWORD process;
+    DWORD process;  // 0: any
     HWND screen, found;
 };
 
@@ -47,7 +47,7 @@ bool BelongsTo(HWND window, DWORD process) {
 
 BOOL CALLBACK FindScreen(HWND window, LPARAM parameter) {
     auto& search = *reinterpret_cast<Search*>(parameter);
-    if (!BelongsTo(window, search.process) || !IsWindowVisible(window)) return TRUE;
+    if ((search.process != 0 && !BelongsTo(window, search.process)) || !IsWindowVisible(window)) return TRUE;
     if (FindWindowExW(window, nullptr, L"ZelCameraVideoWindow", nullptr) == nullptr) return TRUE;
     search.found = window;
     return FALSE;
@@ -140,6 +140,15 @@ HWND CameraProcess::Screen() {
         return search.found != nullptr || !IsRunning();
     });
     return m_screen = search.found;
+}
+
+HWND CameraProcess::ScreenOfAny() {
+    Search search = {};
+    WaitFor([&] {
+        EnumWindows(FindScreen, reinterpret_cast<LPARAM>(&search));
+        return search.found != nullptr;
+    });
+    return search.found;
 }
 
 HWND CameraProcess::LiveView() const { return FindWindowExW(m_screen, nullptr, L"ZelCameraVideoWindow", nullptr); }

@@ -28,6 +28,8 @@ class CameraProcess {
     // The camera screen; waits for it to show live frames first.  Null when it does not come.
     HWND Screen();
     HWND LiveView() const;
+    // The camera screen of whatever process, once there is one: a viewer may have started it.
+    static HWND ScreenOfAny();
 
     bool IsRunning() const;
     bool WaitForEnd(DWORD milliseconds = 20000) const;

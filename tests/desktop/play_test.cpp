@@ -20,12 +20,16 @@ class Viewer {
   public:
     Viewer() { WaitFor([&] { return (m_window = FindWindowW(kViewer, nullptr)) != nullptr; }); }
     ~Viewer() {
-        PostMessageW(m_window, WM_CLOSE, 0, 0);
+        if (IsWindow(m_window)) PostMessageW(m_window, WM_CLOSE, 0, 0);
         EXPECT_TRUE(WaitFor([] { return FindWindowW(kViewer, nullptr) == nullptr; }));
     }
     Viewer(const Viewer&) = delete;
     Viewer& operator=(const Viewer&) = delete;
 
+    void Click(int x, int y) const {
+        PostMessageW(m_window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
+        PostMessageW(m_window, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
+    }
     bool HasTitle(const std::wstring& title) const {
         return WaitFor([&] {
             wchar_t text[64] = {};
@@ -101,6 +105,24 @@ TEST_F(Play, AfterTheNumberWrappedAPictureThatDoesNotExistIsNamed) {
     ExpectEnd();
     const Viewer viewer;
     EXPECT_TRUE(viewer.HasTitle(L"snap0000.jpg"));
+}
+
+TEST_F(Play, TheViewerLeadsBackToTheCamera) {
+    Start();
+    TakePicture();
+    camera->Command(kPlay);
+    ExpectEnd();
+    const size_t frames = camera->Frames();
+    {
+        const Viewer viewer;
+        ASSERT_TRUE(viewer.HasTitle(L"snap0001.jpg"));
+        viewer.Click(220, 300);  // its last button
+    }
+    const HWND screen = camera->ScreenOfAny();
+    ASSERT_NE(screen, nullptr);
+    EXPECT_TRUE(WaitFor([&] { return camera->Frames() > frames + 3; }));
+    PostMessageW(screen, WM_COMMAND, kExit, 0);
+    EXPECT_TRUE(WaitFor([&] { return !IsWindow(screen); }));
 }
 
 TEST_F(Play, WithoutTheViewerTheCameraStaysShutDown) {

@@ -11,6 +11,7 @@ CAMERA, VIEWER, HELP = "zelcamera.exe", "korvoimgview.exe", "peghelp.exe"
 
 READ_FRAME = "0x80000013"
 SCREEN = (240, 320)
+BOX = (100, 60)  # no message box is smaller
 
 # Places on the 240 x 320 screen.
 FILE_MENU = (16, 307)
@@ -21,13 +22,14 @@ ZOOM_OUT = (107, 227)
 ZOOM_IN = (143, 227)
 SHUTTER = (198, 250)
 PICTURE = (120, 116)
+CLOSE_BOX = (227, 13)  # of viewer and help
 BACK_TO_CAMERA = (220, 300)  # in the viewer
 
 
 class Camera:
     """The camera program, or whichever program of the handheld has followed it on the screen."""
 
-    def __init__(self, wine, environment, settings):
+    def __init__(self, wine, environment, settings, smallest=SCREEN):
         self.wine = wine
         self.environment = wine.environment
         self.log = wine.scratch / "card.log"
@@ -39,25 +41,25 @@ class Camera:
         self.store = pathlib.Path(environment.get("HANDHELD_ROOT", wine.environment["HANDHELD_ROOT"]))
         self.process = wine.start([PROGRAM], env={**environment, "HANDHELD_LOG": str(self.log)})
         self.window = None
-        self.look_at(CAMERA)
+        self.look_at(CAMERA, smallest)
 
     def _x(self, *command):
         return subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                               text=True).stdout
 
-    def windows(self, program):
+    def windows(self, program, smallest=SCREEN):
         """Visible windows of a program that are as large as the screen; smaller ones are its helpers and boxes."""
         found = self._x("xdotool", "search", "--onlyvisible", "--class", program).split()
-        return [window for window in found if all(have >= want for have, want in zip(self._geometry(window)[2:], SCREEN))]
+        return [window for window in found if all(have >= want for have, want in zip(self._geometry(window)[2:], smallest))]
 
     def _geometry(self, window):
         values = dict(line.split("=") for line in
                       self._x("xdotool", "getwindowgeometry", "--shell", window).split() if "=" in line)
         return tuple(int(values.get(name, 0)) for name in ("X", "Y", "WIDTH", "HEIGHT"))
 
-    def look_at(self, program):
+    def look_at(self, program, smallest=SCREEN):
         """Waits for a program's window and works with that from now on."""
-        self.window = self.wait(lambda: next(iter(self.windows(program)), None), f"the window of {program}")
+        self.window = self.wait(lambda: next(iter(self.windows(program, smallest)), None), f"the window of {program}")
 
     @staticmethod
     def wait(condition, what, limit=60.0):
@@ -85,10 +87,20 @@ class Camera:
         self.click(place)
         self.wait(lambda: len(self.stills()) > before, "the picture's file")
 
-    def click(self, place):
+    def point_at(self, place):
         x, y, _, _ = self._geometry(self.window)
         self._x("xdotool", "mousemove", str(x + place[0]), str(y + place[1]))
         time.sleep(0.05)
+
+    def hold(self):
+        self._x("xdotool", "mousedown", "1")
+
+    def let_go(self):
+        """Does not wait for the tool, which lingers after its work is done."""
+        return subprocess.Popen(["xdotool", "mouseup", "1"], env=self.environment)
+
+    def click(self, place):
+        self.point_at(place)
         self._x("xdotool", "click", "1")
         time.sleep(0.3)
 
@@ -104,10 +116,10 @@ class Camera:
         self.key("Return")
 
     def picture(self, path):
-        """Keeps a picture of the screen."""
-        x, y, _, _ = self._geometry(self.window)
+        """Keeps a picture of the screen, or of a box that stands without one."""
+        x, y, width, height = (min(pair) for pair in zip(self._geometry(self.window), (10000, 10000, *SCREEN)))
         path.parent.mkdir(parents=True, exist_ok=True)
-        self._x("import", "-window", "root", "-crop", f"{SCREEN[0]}x{SCREEN[1]}+{x}+{y}", "+repage", str(path))
+        self._x("import", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}", "+repage", str(path))
         return path
 
     def close(self):

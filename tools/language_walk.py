@@ -3,7 +3,8 @@
 import shutil
 import subprocess
 
-from camera_window import FILE_MENU, HELP, MENU, MODE_MENU, PICTURE, PLAY, ROOT, SHUTTER, VIEWER, Camera, camera
+from camera_window import (BOX, CLOSE_BOX, FILE_MENU, HELP, MENU, MODE_MENU, PICTURE, PLAY, ROOT, SHUTTER, VIEWER, Camera,
+                           camera)
 
 OUT = ROOT / "out" / "languages"
 
@@ -87,7 +88,7 @@ class Walk:
             running.key("F5")
             self.keep(running, "full-store-key")
             running.key("Return")
-        without = Camera(self.wine, {**self.environment, "HANDHELD_CAMERA": "none"}, {})
+        without = Camera(self.wine, {**self.environment, "HANDHELD_CAMERA": "none"}, {}, smallest=BOX)
         self.keep(without, "no-camera")
         without.key("Return")
         without.close()
@@ -95,14 +96,14 @@ class Walk:
     @staticmethod
     def close(running):
         window = running.window
-        running.key("Escape")
+        running.click(CLOSE_BOX)
         running.wait(lambda: window not in running.windows(VIEWER) + running.windows(HELP), "the window's end")
 
 
 def make_sheet(screen):
     names = [OUT / screen / f"{name}.png" for name, _ in LANGUAGES]
     sheet = OUT / f"{screen}.png"
-    subprocess.run(["montage", *map(str, names), "-tile", "5x2", "-geometry", "240x320+4+4", "-background", "#444",
+    subprocess.run(["montage", *map(str, names), "-tile", "5x2", "-geometry", "240x320>+4+4", "-background", "#444",
                     str(sheet)], check=True)
     return sheet
 

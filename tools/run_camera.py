@@ -34,6 +34,13 @@ SETTINGS = [
      "garbage, short, long; re-read whenever it changes"),
 ]
 
+OTHER_PROGRAMS_KEYS = """\
+Play opens the viewer, Shift+F1 the help page.  Their keys:
+  viewer  Left and Right step through the pictures, Up and Down zoom, Enter switches between the whole picture and
+          its full size or pauses a movie, Escape goes back to the camera
+  help    the arrow and page keys move, Tab and Enter follow a link, Backspace goes back, Escape closes it
+"""
+
 
 def build():
     log = ROOT / "build" / "desktop-build.log"
@@ -54,7 +61,7 @@ def parse():
     parser = argparse.ArgumentParser(prog="./run", description=__doc__,
                                      formatter_class=argparse.RawDescriptionHelpFormatter,
                                      epilog="Keys: F1 Menu, F2 Play, F3 Zoom Out, F4 Zoom In, F5 the action key "
-                                            "(shutter); F10 opens the menu bar.")
+                                            "(shutter); F10 opens the menu bar.\n\n" + OTHER_PROGRAMS_KEYS)
     for name, _, placeholder, text in SETTINGS:
         parser.add_argument("--" + name, metavar=placeholder, help=text)
     parser.add_argument("--session", action="store_true", help="play the scripted session although there is a display")

@@ -80,6 +80,9 @@ void CCameraDlg::OnActionKey() {
     if (result == ShutterResult::countdownStarted) m_liveView.StartCountdownClock();
 }
 
+// The last picture is the one before the next number, also where the numbers began anew: then the viewer is given a
+// name that no picture has.  (Play.AfterTheNumberWrappedAPictureThatDoesNotExistIsNamed)
+// Without a viewer the camera stays shut down, and only Exit is left.  (Play.WithoutTheViewerTheCameraStaysShutDown)
 void CCameraDlg::OnPlay() {
     StopPreview(m_camera.device);
     ShutDownCamera(m_camera.device);  // the viewer may want the card
@@ -139,6 +142,7 @@ void CCameraDlg::OnVideo() {
     InvalidateRect(Hwnd(), nullptr, FALSE);
 }
 
+// A video size without streams of its own only loses the one that may run.  (ZoomTrace.OfAnUnknownSizeOnlyStops)
 void CCameraDlg::OnZoomIn() {
     ScreenState& screen = m_camera.screen;
     if (screen.zoom == kMaxZoom) return;

@@ -53,9 +53,7 @@ void StartReviewTimer(std::atomic<bool>& showing, uint32_t milliseconds) {
         showing = false;  // nobody else would end the review, and the shutter waits for that
 }
 
-void StopReviewTimer() {
-    ++g_reviewTimer.current;
-}
+void StopReviewTimer() { ++g_reviewTimer.current; }
 
 bool ReadReviewFile(const std::wstring& path, uint8_t* room, uint32_t capacity, uint32_t& bytes) {
     FILE* const file = _wfopen(path.c_str(), L"rb");
@@ -76,10 +74,8 @@ void PaintLiveView() {
     const CCameraDlg* const screen = CCameraDlg::Current();
     if (screen == nullptr) return;
     InvalidateRect(screen->LiveViewHwnd(), nullptr, FALSE);
-    // Paints come only when the queue is empty otherwise, which announced frames may keep it from.
+    // Otherwise the paint would wait for an empty queue, and frames may be waiting there all the time.
     PostMessageW(screen->LiveViewHwnd(), WM_PAINT, 0, 0);
 }
 
-uint32_t SoundModule() {
-    return static_cast<uint32_t>(reinterpret_cast<uintptr_t>(GetModuleHandleW(nullptr)));
-}
+uint32_t SoundModule() { return static_cast<uint32_t>(reinterpret_cast<uintptr_t>(GetModuleHandleW(nullptr))); }

@@ -21,9 +21,7 @@ constexpr uint32_t ReviewMilliseconds(int32_t instantReview) {
     return std::min<uint32_t>(std::max(instantReview, 0), UINT32_MAX / kReviewUnit) * kReviewUnit;
 }
 
-constexpr bool IsSmallMode(uint8_t mode) {
-    return mode == 4 || mode == 8 || mode == 17;
-}
+constexpr bool IsSmallMode(uint8_t mode) { return mode == 4 || mode == 8 || mode == 17; }
 
 // Unlike everywhere else, a video resolution outside the table restarts the small stream.
 // Only a profile edited by hand shows it.  (StillCaptureTest.UnknownResolutionRestartsTheSmallStream)
@@ -37,6 +35,8 @@ void Review(StillCapture& capture, const std::wstring& path, uint8_t stillMode) 
         PauseMilliseconds(kPauseOther);
         return;
     }
+    // A file that cannot be shown leaves the last live picture standing for the same time.
+    // (StillCaptureTest.AMissingReviewFileStillRunsTheReview)
     capture.screen.reviewShowing = true;
     LoadReviewPicture(capture, path, capture.screen.scaleCode);
     PauseMilliseconds(IsSmallMode(stillMode) ? kPauseSmall : kPauseOther);
@@ -62,6 +62,8 @@ uint32_t TakeSnapshot(StillCapture& capture, int32_t resolution) {
     capture.screen.captureInProgress = true;
     EnableCaptureMenus(false);
     StopPreview(capture.device);
+    // The number is used up although the card may have refused: gaps are better than a name given twice.
+    // (CaptureNumber.AdvancesThoughTheCardRefuses)
     CaptureStill(capture.device, request);
     StorePictureNumber(capture.settings, capture.profile, NextNumber(capture.settings.jpgNo));
     ++capture.screen.picturesTaken;
@@ -89,9 +91,8 @@ ShutterResult PressShutter(StillCapture& capture, uint32_t now) {
 uint32_t LoadReviewPicture(StillCapture& capture, const std::wstring& path, int32_t scaleCode) {
     uint32_t bytes = 0;
     capture.review.ready = false;
-    const bool loaded =
-        ReadReviewFile(path, capture.review.bytes, ReviewBuffer::kBytes, bytes) &&
-        DecodePicture(capture.decoder, capture.review.bytes, bytes, scaleCode, capture.image) == 0;
+    const bool loaded = ReadReviewFile(path, capture.review.bytes, ReviewBuffer::kBytes, bytes) &&
+                        DecodePicture(capture.decoder, capture.review.bytes, bytes, scaleCode, capture.image) == 0;
     capture.review.ready = true;
     if (!loaded) return 1;
     PaintLiveView();

@@ -50,8 +50,7 @@ uint32_t PicturesLeft(const CameraSettings& settings, const ScreenState& screen)
 // Only an oversized store shows it.  (StoreSpace.VideoProductsWrap)
 uint32_t VideoSecondsIn(uint32_t freeBytes, int32_t aviResolution) {
     if (freeBytes <= kVideoReserve) return 0;
-    return aviResolution == 1 ? (freeBytes * 20 - 0x5000000u) / 563200
-                              : (freeBytes * 18 - 0x4800000u) / 844800;
+    return aviResolution == 1 ? (freeBytes * 20 - 0x5000000u) / 563200 : (freeBytes * 18 - 0x4800000u) / 844800;
 }
 
 uint32_t VideoSecondsLeft(int32_t aviResolution) {

@@ -7,9 +7,7 @@
 
 namespace {
 
-bool IsReviewing(const LiveView& view) {
-    return view.screen.reviewShowing && view.settings.instantReview != 0;
-}
+bool IsReviewing(const LiveView& view) { return view.screen.reviewShowing && view.settings.instantReview != 0; }
 
 void SetFeedback(CameraDevice& device, const uint8_t* statistics) {
     if (statistics != nullptr)

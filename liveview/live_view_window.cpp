@@ -24,8 +24,9 @@ constexpr RECT kHintBounds = {0, 141, 240, 161};
 constexpr RECT kResolutionBounds = {4, 160, 136, 180};
 constexpr RECT kRateBounds = {120, 141, 236, 161};
 
-constexpr RECT kSmallPicture = {kSmallLeft, kSmallTop, 201,
-                                153};  // where a tap means the small picture, borders in
+// Where a tap means the picture at the small video size, borders in.  It is the live picture's place, although the
+// picture under review covers the whole canvas: a tap near its edge does nothing.  (Review.TheTapMustLieOnThePicture)
+constexpr RECT kSmallPicture = {kSmallLeft, kSmallTop, 201, 153};
 
 HFONT CreateReadoutFont() {
     LOGFONTW font = {};
@@ -76,12 +77,9 @@ void CLiveViewWindow::OnFrameReady() {
     if (outcome.stopRecording) PostMessageW(GetParent(Hwnd()), kMsgStopRecording, 0, 0);
 }
 
-void CLiveViewWindow::StartCountdownClock() {
-    SetTimer(Hwnd(), kCountdownTimer, kCountdownPeriod, nullptr);
-}
+void CLiveViewWindow::StartCountdownClock() { SetTimer(Hwnd(), kCountdownTimer, kCountdownPeriod, nullptr); }
 
-// Frames drive the countdown; the timer only keeps it going, and the picture coming, when the card sends
-// none.
+// Frames drive the countdown; the timer only keeps it going, and the picture coming, when the card sends none.
 void CLiveViewWindow::OnTimer(UINT_PTR) {
     if (!m_view.screen.countdownRunning) {
         KillTimer(Hwnd(), kCountdownTimer);
@@ -117,8 +115,7 @@ void CLiveViewWindow::Compose(CCanvas& canvas) {
     DrawOverlays(canvas);
     DrawCount(canvas);
     if (IsReviewing())
-        canvas.DrawReadout(L"Click picture to delete", kHintBounds, DT_CENTER | DT_NOPREFIX | DT_NOCLIP,
-                           kWhite, m_font);
+        canvas.DrawReadout(L"Click picture to delete", kHintBounds, DT_CENTER | DT_NOPREFIX | DT_NOCLIP, kWhite, m_font);
     wchar_t resolution[16];
     wsprintfW(resolution, L"%s", ResolutionText(m_view.settings, m_view.screen));
     canvas.DrawReadout(resolution, kResolutionBounds, DT_LEFT | DT_NOPREFIX, kWhite, m_font);
@@ -165,8 +162,7 @@ void CLiveViewWindow::DrawCount(CCanvas& canvas) {
                                  : VideoSecondsIn(freeBytes, m_view.settings.aviResolution);
     wchar_t text[16];
     wsprintfW(text, L"%d", static_cast<int>(count));
-    canvas.DrawReadout(text, kCountBounds, DT_RIGHT | DT_NOPREFIX,
-                       still && count < kFewPictures ? kRed : kWhite, m_font);
+    canvas.DrawReadout(text, kCountBounds, DT_RIGHT | DT_NOPREFIX, still && count < kFewPictures ? kRed : kWhite, m_font);
     if (!still && count == 0 && m_view.recording.recording)
         PostMessageW(GetParent(Hwnd()), kMsgStopRecording, 0, 0);
 }
@@ -184,7 +180,7 @@ void CLiveViewWindow::DrawFrameRate(CCanvas& canvas) {
 void CLiveViewWindow::OnTap(POINT place) {
     if (!m_view.screen.reviewShowing) return;
     if (m_view.settings.aviResolution == 1 && !PtInRect(&kSmallPicture, place)) return;
-    const int answer = MessageBoxW(Hwnd(), LookUpText(m_texts, kTextDeletePicture),
-                                   LookUpText(m_texts, kTextTitle), MB_OKCANCEL | MB_ICONEXCLAMATION);
+    const int answer = MessageBoxW(Hwnd(), LookUpText(m_texts, kTextDeletePicture), LookUpText(m_texts, kTextTitle),
+                                   MB_OKCANCEL | MB_ICONEXCLAMATION);
     if (answer == IDOK) DeleteLastPicture(m_view.settings, m_view.profile, m_view.screen);
 }

@@ -70,8 +70,13 @@ void CCameraDlg::InvalidateStrip() {
     InvalidateRect(Hwnd(), &kStrip, FALSE);
 }
 
-void CCameraDlg::ShowCaption(const wchar_t* text, UINT style) const {
+// Presses of the shutter that were waiting reach the screen under its own message box, too: without room each would
+// open another one inside the one before.  (FullStore.WaitingPressesOpenNoFurtherBox)
+void CCameraDlg::ShowCaption(const wchar_t* text, UINT style) {
+    if (m_showingMessage) return;
+    m_showingMessage = true;
     ShowMessage(text, LookUpText(m_camera.texts, kTextTitle), style);
+    m_showingMessage = false;
 }
 
 void CCameraDlg::EnableCaptureMenus(bool enabled) const {

@@ -20,8 +20,8 @@ class CCameraDlg : public CDialog {
 
     HWND LiveViewHwnd() const { return m_liveView.Hwnd(); }
     void EnableCaptureMenus(bool enabled) const;
-    // A message box under the program's name.
-    void ShowCaption(const wchar_t* text, UINT style) const;
+    // A message box under the program's name; nothing while another is open.
+    void ShowCaption(const wchar_t* text, UINT style);
 
     // The camera screen that is running, or null: for effects that have no other way to it.
     static CCameraDlg* Current() { return s_current; }
@@ -86,5 +86,6 @@ class CCameraDlg : public CDialog {
     CStatusStrip m_strip;
     CLiveViewWindow m_liveView;
     UINT_PTR m_watchdog = 0;  // timer, 0 when it does not run
+    bool m_showingMessage = false;
     ForegroundWatcher m_foreground;
 };

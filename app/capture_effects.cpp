@@ -33,7 +33,7 @@ void ShowCaptureMessage(CaptureMessage message) {
     const wchar_t* const text = message == CaptureMessage::noSpace
                                     ? L"Not enough space, can not take a snapshot!"
                                     : L"The folder and file name are too long, can not take a snapshot!";
-    if (const CCameraDlg* const screen = CCameraDlg::Current()) screen->ShowCaption(text, MB_ICONHAND);
+    if (CCameraDlg* const screen = CCameraDlg::Current()) screen->ShowCaption(text, MB_ICONHAND);
 }
 
 void EnableCaptureMenus(bool enabled) {

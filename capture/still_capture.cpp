@@ -92,9 +92,10 @@ uint32_t LoadReviewPicture(StillCapture& capture, const std::wstring& path, int3
     uint32_t bytes = 0;
     capture.review.ready = false;
     const bool loaded = ReadReviewFile(path, capture.review.bytes, ReviewBuffer::kBytes, bytes) &&
-                        DecodePicture(capture.decoder, capture.review.bytes, bytes, scaleCode, capture.image) == 0;
+                        DecodePicture(capture.decoder, capture.review.bytes, bytes, scaleCode, capture.review.picture) == 0;
     capture.review.ready = true;
     if (!loaded) return 1;
+    capture.image = capture.review.picture;
     PaintLiveView();
     return 0;
 }

@@ -14,7 +14,8 @@
 struct ReviewBuffer {
     static constexpr uint32_t kBytes = 768008;
     uint8_t bytes[kBytes];
-    bool ready = true;  // false while a picture is being loaded
+    bool ready = true;     // false while a picture is being loaded
+    DecodedImage picture;  // being decoded; damage must not reach the picture on the screen
 };
 
 // The records that still capture works on.
@@ -35,5 +36,5 @@ uint32_t TakeSnapshot(StillCapture& capture, int32_t resolution);
 enum class ShutterResult { ignored, noSpace, countdownStarted, taken };
 ShutterResult PressShutter(StillCapture& capture, uint32_t now);
 
-// Decodes a saved picture for the live view; 0 on success, 1 when it cannot be read or decoded.
+// Decodes a saved picture for the live view; 0 on success, 1 when it cannot be read or decoded: nothing changes then.
 uint32_t LoadReviewPicture(StillCapture& capture, const std::wstring& path, int32_t scaleCode);

@@ -10,8 +10,8 @@ namespace jpeg {
 
 namespace {
 
-// The whole image in planes, at most; nothing that a camera makes comes near.
-constexpr uint64_t kMaxPlanarBytes = 256u << 20;
+// The whole image in planes, at most: all the memory that a handheld has. No still of the card comes near.
+constexpr uint64_t kMaxPlanarBytes = 32u << 20;
 
 struct SamplingLayout {
     int32_t samplingKind;

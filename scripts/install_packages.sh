@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
-# Installs the Debian packages of packages.txt that are missing; does nothing when all are there.
+# Installs the Debian packages that are missing of the given lists here, by default packages.txt; does nothing
+# when all are there.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 
-mapfile -t wanted < <(grep -v '^#' "$here/packages.txt")
+[ $# -gt 0 ] || set -- packages.txt
+mapfile -t wanted < <(cd "$here" && grep -hv '^#' "$@")
 missing=()
 for package in "${wanted[@]}"; do
     [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")

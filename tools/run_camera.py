@@ -34,8 +34,18 @@ SETTINGS = [
      "garbage, short, long; re-read whenever it changes"),
 ]
 
-OTHER_PROGRAMS_KEYS = """\
-Play opens the viewer, Shift+F1 the help page.  Their keys:
+KEYS = """\
+The handheld's keys, on the PC keyboard and on the key pad below the screen:
+  F1      application key 1: Menu
+  F2      application key 2: Play
+  F3      application key 3: Zoom Out
+  F4      application key 4: Zoom In
+  F5      action key, the round one: shutter
+A key of the pad is down for as long as the mouse button is.  A click on the card pulls it out of its slot, another
+puts it back; a card that stays out for a second or two ends the camera.  Beside them F10 opens the menu bar,
+Escape closes a dialog and Shift+F1 opens the help.
+
+The viewer and the help page have keys of their own:
   viewer  Left and Right step through the pictures, Up and Down zoom, Enter switches between the whole picture and
           its full size or pauses a movie, Escape goes back to the camera
   help    the arrow and page keys move, Tab and Enter follow a link, Backspace goes back, Escape closes it
@@ -60,10 +70,11 @@ def has_display():
 def parse():
     parser = argparse.ArgumentParser(prog="./run", description=__doc__,
                                      formatter_class=argparse.RawDescriptionHelpFormatter,
-                                     epilog="Keys: F1 Menu, F2 Play, F3 Zoom Out, F4 Zoom In, F5 the action key "
-                                            "(shutter); F10 opens the menu bar.\n\n" + OTHER_PROGRAMS_KEYS)
+                                     epilog=KEYS)
     for name, _, placeholder, text in SETTINGS:
         parser.add_argument("--" + name, metavar=placeholder, help=text)
+    parser.add_argument("--no-keypad", action="store_true", help="only the screen, without the key pad below it "
+                        "(HANDHELD_KEYPAD=off)")
     parser.add_argument("--session", action="store_true", help="play the scripted session although there is a display")
     parser.add_argument("--languages", action="store_true",
                         help="walk through every screen in all nine languages instead; pictures in out/languages")
@@ -92,6 +103,7 @@ def main():
         with wine_session() as wine:
             return walk_languages(wine, chosen) if options.languages else play_session(wine, chosen)
     chosen.setdefault("HANDHELD_ROOT", str(HOME / "store"))
+    chosen["HANDHELD_KEYPAD"] = "off" if options.no_keypad else "on"
     with wine_session(prefix=HOME / "wine", display=os.environ["DISPLAY"]) as wine:
         return wine.run([ROOT / "build" / "desktop" / "zelcamera.exe"], env=chosen).returncode
 

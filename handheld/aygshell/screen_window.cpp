@@ -1,5 +1,7 @@
 #include "handheld/aygshell/screen_window.h"
 
+#include <algorithm>
+
 #include "handheld/aygshell/menu_bar.h"
 #include "handheld/coredll/look.h"
 
@@ -19,16 +21,28 @@ POINT PointOf(LPARAM position) {
     return {static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};
 }
 
+// Moves a screen's place up as far as what is attached below it needs and the desktop allows.
+void LeaveRoomBelow(RECT& place, int height) {
+    RECT desktop;
+    if (!SystemParametersInfoW(SPI_GETWORKAREA, 0, &desktop, 0)) return;
+    const LONG up = std::min(place.bottom + height - desktop.bottom, place.top - desktop.top);
+    if (up > 0) OffsetRect(&place, 0, -up);
+}
+
 }  // namespace
 
 void CScreen::Make(HWND window, bool doneButton) {
-    if (CScreen* screen = From(window)) {
-        screen->SetDoneButton(doneButton);
+    if (CScreen* present = From(window)) {
+        present->SetDoneButton(doneButton);
         return;
     }
     // Asked before the window is a screen itself.
-    const RECT place = ScreenRectangle(window);
-    (new CScreen(window, doneButton))->Place();
+    RECT place = ScreenRectangle(window);
+    const bool keyPad = !FindScreen() && CKeyPad::IsWanted();
+    if (keyPad) LeaveRoomBelow(place, kPadHeight);
+    auto* const screen = new CScreen(window, doneButton);
+    screen->Place();
+    if (keyPad) screen->m_keyPad = std::make_unique<CKeyPad>(window);
     SetWindowPos(window, nullptr, place.left, place.top, kScreenWidth, kScreenHeight,
                  SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
 }
@@ -110,6 +124,7 @@ LRESULT CScreen::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_WINDOWPOSCHANGED: {
             const LRESULT result = Default(message, wParam, lParam);
             if (!(reinterpret_cast<WINDOWPOS*>(lParam)->flags & SWP_NOMOVE)) OnMoved();
+            if (m_keyPad) m_keyPad->Follow();
             return result;
         }
         case WM_NCPAINT:

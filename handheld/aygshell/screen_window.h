@@ -3,7 +3,10 @@
 #pragma once
 #include <windows.h>
 
+#include <memory>
+
 #include "handheld/coredll/screen.h"
+#include "handheld/keypad/key_pad.h"
 
 namespace handheld {
 
@@ -58,6 +61,7 @@ class CScreen {
     Part m_pressed = Part::None;  // what the pen went down on
     int m_pressedButton = -1;     // of the menu bar
     WORD m_shownMinute = 0;
+    std::unique_ptr<CKeyPad> m_keyPad;  // of the process's first screen, when wanted
 };
 
 }  // namespace handheld

@@ -12,30 +12,36 @@ namespace {
 
 constexpr uint32_t kDefaultStoreKb = 65536, kLargestStoreKb = 999999999;
 
-// Adds up the files below a folder; links are left out, they lead elsewhere.
-uint64_t UsedBytes(const std::wstring& folder) {
+bool AddFolder(const std::wstring& folder, uint64_t& used) {
     WIN32_FIND_DATAW entry;
-    HANDLE search = FindFirstFileW((folder + L"\\*").c_str(), &entry);
-    if (search == INVALID_HANDLE_VALUE) return 0;
-    uint64_t used = 0;
+    HANDLE search = FindFirstFileExW((folder + L"\\*").c_str(), FindExInfoBasic, &entry,
+                                     FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH);
+    if (search == INVALID_HANDLE_VALUE) return false;
+    bool readable = true;
     do {
         const std::wstring name = entry.cFileName;
         if (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT || name == L"." || name == L"..") continue;
-        used += entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY
-                    ? UsedBytes(folder + L'\\' + name)
-                    : uint64_t{entry.nFileSizeHigh} << 32 | entry.nFileSizeLow;
-    } while (FindNextFileW(search, &entry));
+        if (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
+            readable = AddFolder(folder + L'\\' + name, used);
+        else
+            used += uint64_t{entry.nFileSizeHigh} << 32 | entry.nFileSizeLow;
+    } while (readable && FindNextFileW(search, &entry));
+    const DWORD error = GetLastError();
     FindClose(search);
-    return used;
+    SetLastError(error);
+    return readable && error == ERROR_NO_MORE_FILES;
 }
 
 }  // namespace
 
-uint64_t StoreFreeBytes() {
-    const uint64_t size =
-        uint64_t{NumberSetting(L"HANDHELD_STORE_KB", kDefaultStoreKb, 0, kLargestStoreKb)} * 1024;
-    const uint64_t used = UsedBytes(StoreRoot());
-    return used < size ? size - used : 0;
+uint64_t StoreTotalBytes() {
+    return uint64_t{NumberSetting(L"HANDHELD_STORE_KB", kDefaultStoreKb, 0, kLargestStoreKb)} * 1024;
+}
+
+std::optional<uint64_t> MeasureStoredBytes() {
+    uint64_t used = 0;
+    if (!AddFolder(StoreRoot(), used)) return std::nullopt;
+    return used;
 }
 
 }  // namespace handheld

@@ -8,8 +8,8 @@
 //   F5       action key (the side button)     134
 //
 // They take effect on a thread that has registered hot keys, and only bare: with Shift, Ctrl or Alt they keep
-// their desktop meaning (Shift+F1 asks for help).  As on the handheld, pressing a key that a window has
-// registered sends it WM_HOTKEY, and releasing it WM_KEYUP.
+// their desktop meaning (Shift+F1 asks for help).  The key pad sends the handheld's keys themselves.  As on
+// the handheld, pressing a key that a window has registered sends it WM_HOTKEY, and releasing it WM_KEYUP.
 #include <algorithm>
 #include <iterator>
 #include <mutex>
@@ -62,32 +62,36 @@ bool FindHotKey(UINT key, HotKey& found) {
     return false;
 }
 
+// A pressed key that a window has registered reaches that window instead, and once only.
+void SendHotKey(UINT key, bool repeated, MSG& message) {
+    HotKey hotKey;
+    if (!FindHotKey(key, hotKey)) return;
+    message.hwnd = hotKey.window;
+    message.message = repeated ? WM_NULL : WM_HOTKEY;
+    message.wParam = static_cast<WPARAM>(hotKey.id);
+    message.lParam = MAKELPARAM(hotKey.modifiers, hotKey.key);
+}
+
 void Translate(MSG& message) {
     if (message.message == kHelpKeyMessage) {
         if (!WithModifier()) message.message = WM_NULL;
         return;
     }
     if (message.message != WM_KEYDOWN && message.message != WM_KEYUP) return;
-    const auto key = std::find_if(std::begin(kKeys), std::end(kKeys),
-                                  [&](const HardwareKey& k) { return k.pcKey == message.wParam; });
+    const bool pressed = message.message == WM_KEYDOWN, repeated = message.lParam & (1 << 30);
+    const auto key = std::find_if(std::begin(kKeys), std::end(kKeys), [&](const HardwareKey& k) {
+        return k.pcKey == message.wParam || k.key == message.wParam;
+    });
     if (key == std::end(kKeys)) return;
-    const unsigned held = 1u << (key - kKeys);
-    const bool repeated = message.lParam & (1 << 30);
-    if (message.message == WM_KEYUP) {
+    if (key->pcKey == message.wParam) {
         // A key is released as what it was pressed as, whatever became of Shift in between.
-        if (heldKeys & held) message.wParam = key->key;
-        heldKeys &= ~held;
-        return;
+        const unsigned held = 1u << (key - kKeys);
+        if (pressed && !repeated && !WithModifier()) heldKeys |= held;
+        if (!(heldKeys & held)) return;
+        if (!pressed) heldKeys &= ~held;
+        message.wParam = key->key;
     }
-    if (!repeated && !WithModifier()) heldKeys |= held;
-    if (!(heldKeys & held)) return;
-    message.wParam = key->key;
-    HotKey hotKey;
-    if (!FindHotKey(key->key, hotKey)) return;
-    message.hwnd = hotKey.window;
-    message.message = repeated ? WM_NULL : WM_HOTKEY;
-    message.wParam = static_cast<WPARAM>(hotKey.id);
-    message.lParam = MAKELPARAM(hotKey.modifiers, hotKey.key);
+    if (pressed) SendHotKey(key->key, repeated, message);
 }
 
 LRESULT CALLBACK OnMessageTaken(int code, WPARAM removed, LPARAM message) {

@@ -4,14 +4,12 @@
 #include <mutex>
 #include <set>
 
-#include "handheld/common/settings.h"
-#include "handheld/common/store_path.h"
+#include "handheld/common/store_space.h"
 #include "handheld/coredll/handle_table.h"
 
 namespace handheld {
 namespace {
 
-constexpr uint32_t kDefaultStoreKb = 65536, kLargestStoreKb = 999999999;
 // A result holds this long, and long enough for looking it up to take at most a twentieth of the time.
 constexpr ULONGLONG kShortestHoldMs = 200;
 constexpr ULONGLONG kHoldPerLook = 20;
@@ -29,27 +27,6 @@ Measured& State() {
 
 uint64_t Size(DWORD high, DWORD low) {
     return (static_cast<uint64_t>(high) << 32) | low;
-}
-
-// Adds up the files below a folder; links are left out, they lead elsewhere.
-bool AddFolder(const std::wstring& folder, uint64_t& used) {
-    WIN32_FIND_DATAW entry;
-    HANDLE search = FindFirstFileExW((folder + L"\\*").c_str(), FindExInfoBasic, &entry,
-                                     FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH);
-    if (search == INVALID_HANDLE_VALUE) return false;
-    bool readable = true;
-    do {
-        const std::wstring name = entry.cFileName;
-        if (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT || name == L"." || name == L"..") continue;
-        if (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
-            readable = AddFolder(folder + L'\\' + name, used);
-        else
-            used += Size(entry.nFileSizeHigh, entry.nFileSizeLow);
-    } while (readable && FindNextFileW(search, &entry));
-    const DWORD error = GetLastError();
-    FindClose(search);
-    SetLastError(error);
-    return readable && error == ERROR_NO_MORE_FILES;
 }
 
 // A folder's listing shows a growing file at an old size until it is closed; its handle knows better.
@@ -73,15 +50,15 @@ std::optional<StoreSpace> MeasureStore() {
     std::lock_guard guard(state.lock);
     const ULONGLONG start = GetTickCount64();
     if (!state.known || start >= state.validUntil) {
-        state.used = 0;
-        state.known = AddFolder(StoreRoot(), state.used);
+        const std::optional<uint64_t> listed = MeasureStoredBytes();
+        state.known = listed.has_value();
         if (!state.known) return std::nullopt;
+        state.used = *listed;
         CorrectOpenFiles(state.used);
         const ULONGLONG end = GetTickCount64();
         state.validUntil = end + std::max(kShortestHoldMs, (end - start) * kHoldPerLook);
     }
-    const uint64_t total =
-        uint64_t{NumberSetting(L"HANDHELD_STORE_KB", kDefaultStoreKb, 0, kLargestStoreKb)} * 1024;
+    const uint64_t total = StoreTotalBytes();
     return StoreSpace{total, total - std::min(total, state.used)};
 }
 

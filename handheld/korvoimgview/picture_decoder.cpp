@@ -1,27 +1,11 @@
 #include "handheld/korvoimgview/picture_decoder.h"
 
+#include "handheld/common/com_reference.h"
+
 namespace viewer {
 namespace {
 
 constexpr uint64_t kMostPixels = 64'000'000;
-
-// Holds a COM object and lets go of it.
-template <class Interface>
-class CHeld {
-  public:
-    CHeld() = default;
-    ~CHeld() {
-        if (m_object) m_object->Release();
-    }
-    CHeld(const CHeld&) = delete;
-    CHeld& operator=(const CHeld&) = delete;
-    Interface** operator&() { return &m_object; }
-    Interface* operator->() const { return m_object; }
-    Interface* get() const { return m_object; }
-
-  private:
-    Interface* m_object = nullptr;
-};
 
 }  // namespace
 
@@ -38,23 +22,23 @@ CPictureDecoder::~CPictureDecoder() {
 
 DecodeResult CPictureDecoder::Decode(const std::vector<uint8_t>& file, Pixels& pixels) const {
     if (!m_factory || file.empty()) return DecodeResult::damaged;
-    CHeld<IWICStream> stream;
-    CHeld<IWICBitmapDecoder> decoder;
-    CHeld<IWICBitmapFrameDecode> frame;
-    CHeld<IWICFormatConverter> converter;
+    handheld::CComReference<IWICStream> stream;
+    handheld::CComReference<IWICBitmapDecoder> decoder;
+    handheld::CComReference<IWICBitmapFrameDecode> frame;
+    handheld::CComReference<IWICFormatConverter> converter;
     UINT width = 0, height = 0;
-    if (FAILED(m_factory->CreateStream(&stream)) ||
+    if (FAILED(m_factory->CreateStream(stream.Receive())) ||
         FAILED(
             stream->InitializeFromMemory(const_cast<BYTE*>(file.data()), static_cast<DWORD>(file.size()))) ||
-        FAILED(m_factory->CreateDecoderFromStream(stream.get(), nullptr, WICDecodeMetadataCacheOnDemand,
-                                                  &decoder)) ||
-        FAILED(decoder->GetFrame(0, &frame)) || FAILED(frame->GetSize(&width, &height)) || width == 0 ||
-        height == 0)
+        FAILED(m_factory->CreateDecoderFromStream(stream.Get(), nullptr, WICDecodeMetadataCacheOnDemand,
+                                                  decoder.Receive())) ||
+        FAILED(decoder->GetFrame(0, frame.Receive())) || FAILED(frame->GetSize(&width, &height)) ||
+        width == 0 || height == 0)
         return DecodeResult::damaged;
     if (uint64_t{width} * height > kMostPixels) return DecodeResult::tooLarge;
     // Multiplied by its opacity, a colour is what it looks like on black.
-    if (FAILED(m_factory->CreateFormatConverter(&converter)) ||
-        FAILED(converter->Initialize(frame.get(), GUID_WICPixelFormat32bppPBGRA, WICBitmapDitherTypeNone,
+    if (FAILED(m_factory->CreateFormatConverter(converter.Receive())) ||
+        FAILED(converter->Initialize(frame.Get(), GUID_WICPixelFormat32bppPBGRA, WICBitmapDitherTypeNone,
                                      nullptr, 0, WICBitmapPaletteTypeCustom)))
         return DecodeResult::damaged;
     Pixels decoded;

@@ -11,6 +11,7 @@ COMMANDS = [
     ("texts are complete and fit", ["tools/check_texts.py"]),
     ("the text check refuses damaged texts", ["tests/unit/text/check_texts_test.py"]),
     ("bitmaps and icons are up to date", ["resources/art/render.py", "--check"]),
+    ("the key pad's picture is up to date", ["handheld/keypad/art/render.py", "--check"]),
     ("sounds are up to date", ["resources/sounds/make.py", "--check"]),
 ]
 

@@ -8,14 +8,14 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 BUILD = ROOT / "build" / "desktop"
-LISTS = ROOT / "tests" / "checks" / "ce_exports"
+LISTS = ROOT / "platform" / "exports"
 TOOL = "x86_64-w64-mingw32-"
 
 PROGRAM_FOLDERS = ["app", "capture", "device", "framework", "jpeg", "liveview", "settings"]
 
 # What the compiler's own start-up and C++ library take from the desktop, as the linked image shows; what the program's
 # own sources call is read from their objects instead.
-RUNTIME = set((LISTS / "desktop_runtime.txt").read_text().split())
+RUNTIME = set((ROOT / "tests" / "checks" / "desktop_runtime.txt").read_text().split())
 
 # Symbols that the compiler itself adds to objects.
 COMPILER = re.compile(r"^(_Z|__gxx|__cxa|_Unwind|___chkstk|__main$|__dso|_pei386|atexit$|\.refptr|__emutls|_tls)")
@@ -23,7 +23,7 @@ COMPILER = re.compile(r"^(_Z|__gxx|__cxa|_Unwind|___chkstk|__main$|__dso|_pei386
 
 def exported(library):
     names = (LISTS / f"{library}.txt").read_text().splitlines()
-    return {name.strip() for name in names if name and not name.startswith("#")}
+    return {name.partition("@")[0].strip() for name in names if name and not name.startswith("#")}
 
 
 def output(*command):

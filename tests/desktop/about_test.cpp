@@ -9,6 +9,7 @@
 
 #include "desktop/camera_process.h"
 #include "desktop/list_view.h"
+#include "desktop/screen_picture.h"
 
 namespace {
 
@@ -195,6 +196,23 @@ TEST_P(AboutInLanguage, EveryTextFitsItsColumn) {
             EXPECT_LE(ListTextWidth(about.list, cell), room) << row;
         }
     }
+}
+
+// Wherever a font's blanks end; letters keep a pixel or two of distance to their left.
+TEST_P(AboutInLanguage, TheTimeStandsBelowTheProductsName) {
+    constexpr int kSideBearing = 2;
+    OpenAbout about({{{L"HANDHELD_LCID", GetParam()}}, {}, "", {}});
+    const auto inkOf = [&](int id) {
+        RECT place;
+        GetWindowRect(GetDlgItem(about.dialog, id), &place);
+        const ScreenPicture label(GetDlgItem(about.dialog, id));
+        for (int x = 0; x < label.Width(); ++x)
+            for (int y = 0; y < label.Height(); ++y)
+                if (GetGValue(label.At(x, y)) < 128) return static_cast<int>(place.left) + x;
+        return -1;
+    };
+    ASSERT_TRUE(WaitFor([&] { return inkOf(kTitle) >= 0 && inkOf(kTime) >= 0; }));
+    EXPECT_NEAR(inkOf(kTime), inkOf(kTitle), kSideBearing);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, AboutInLanguage,

@@ -11,10 +11,13 @@ constexpr wchar_t kProfile[] = L"Software\\Zel";
 constexpr wchar_t kSection[] = L"Software\\Zel\\Setting";
 constexpr char kReadFrame[] = "control 0x80000013";
 
-void WriteProfile(const std::vector<std::pair<std::wstring, DWORD>>& settings) {
+void WriteProfile(const CameraOptions& options) {
     RegDeleteTreeW(HKEY_CURRENT_USER, kProfile);
-    for (const auto& [name, value] : settings)
+    for (const auto& [name, value] : options.settings)
         RegSetKeyValueW(HKEY_CURRENT_USER, kSection, name.c_str(), REG_DWORD, &value, sizeof(value));
+    for (const auto& [name, text] : options.texts)
+        RegSetKeyValueW(HKEY_CURRENT_USER, kSection, name.c_str(), REG_SZ, text.c_str(),
+                        static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
 }
 
 // The block that CreateProcess wants: this process's variables less its HANDHELD_ ones, and the run's own, which
@@ -107,10 +110,11 @@ CameraProcess::CameraProcess(const CameraOptions& options) {
     m_store = m_folder / "store";
     std::filesystem::create_directories(m_folder);
     SetCard(options.card);
-    WriteProfile(options.settings);
+    WriteProfile(options);
     std::vector<std::pair<std::wstring, std::wstring>> variables = {{L"HANDHELD_ROOT", m_store.wstring()},
                                                                     {L"HANDHELD_LCID", L"1033"},
-                                                                    {L"HANDHELD_LOG", (m_folder / "log").wstring()},
+                                                                    {L"HANDHELD_KEYPAD", L"off"},
+                                                                    {L"HANDHELD_LOG", LogFile().wstring()},
                                                                     {L"HANDHELD_CARD", (m_folder / "card").wstring()}};
     variables.insert(variables.end(), options.variables.begin(), options.variables.end());
     std::wstring environment = EnvironmentBlock(variables);
@@ -161,6 +165,17 @@ bool CameraProcess::WaitForEnd(DWORD milliseconds) const {
     return WaitForSingleObject(m_process.hProcess, milliseconds) == WAIT_OBJECT_0;
 }
 
+bool CameraProcess::EndedInOrder() const {
+    DWORD code = 1;
+    return GetExitCodeProcess(m_process.hProcess, &code) && code == 0;
+}
+
+bool CameraProcess::ExitsInOrder() {
+    constexpr UINT kExit = 32827;
+    Command(kExit);
+    return WaitForEnd() && EndedInOrder();
+}
+
 HWND CameraProcess::MessageBox() const {
     Search search = {m_process.dwProcessId, m_screen, nullptr};
     EnumWindows(FindMessageBox, reinterpret_cast<LPARAM>(&search));
@@ -185,7 +200,7 @@ void CameraProcess::SetCard(const std::string& words) const {
 
 std::vector<std::string> CameraProcess::Log() const {
     std::vector<std::string> lines;
-    std::ifstream log(m_folder / "log");
+    std::ifstream log(LogFile());
     for (std::string line; std::getline(log, line);) {
         if (!line.empty() && line.back() == '\r') line.pop_back();
         lines.push_back(line);
@@ -205,6 +220,13 @@ std::vector<std::string> CameraProcess::CallsSince(size_t before, size_t count) 
     WaitFor([&] { return Calls().size() >= before + count; });
     const std::vector<std::string> all = Calls();
     return {all.begin() + static_cast<ptrdiff_t>(std::min(before, all.size())), all.end()};
+}
+
+size_t CameraProcess::CountCalls(const std::string& beginning) const {
+    const std::vector<std::string> calls = Calls();
+    return static_cast<size_t>(std::count_if(calls.begin(), calls.end(), [&](const std::string& line) {
+        return line.compare(0, beginning.size(), beginning) == 0;
+    }));
 }
 
 size_t CameraProcess::Frames() const { return Log().size() - Calls().size(); }

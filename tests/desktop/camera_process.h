@@ -16,6 +16,7 @@ struct CameraOptions {
     std::vector<std::pair<std::wstring, DWORD>> settings;          // profile values before the start
     std::string card;                                              // first content of the control file
     std::filesystem::path program;                                 // another copy of the program than the build's
+    std::vector<std::pair<std::wstring, std::wstring>> texts = {};  // profile texts before the start
 };
 
 class CameraProcess {
@@ -33,6 +34,10 @@ class CameraProcess {
 
     bool IsRunning() const;
     bool WaitForEnd(DWORD milliseconds = 20000) const;
+    // Whether it has ended with code 0.
+    bool EndedInOrder() const;
+    // Gives the Exit command and waits; whether that was an end in order.
+    bool ExitsInOrder();
     DWORD Id() const { return m_process.dwProcessId; }
     HANDLE Handle() const { return m_process.hProcess; }
 
@@ -56,9 +61,12 @@ class CameraProcess {
 
     // The card's log so far.  `Calls` leaves out the frame requests.
     std::vector<std::string> Log() const;
+    std::filesystem::path LogFile() const { return m_folder / "log"; }
     std::vector<std::string> Calls() const;
     // The calls behind the first `before` ones, once there are `count` of them or the limit is reached.
     std::vector<std::string> CallsSince(size_t before, size_t count) const;
+    // How many of them begin with a text.
+    size_t CountCalls(const std::string& beginning) const;
     size_t Frames() const;
     bool WaitForFrames(size_t more) const;
 

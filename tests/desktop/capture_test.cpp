@@ -5,6 +5,7 @@
 
 #include "desktop/camera_process.h"
 #include "desktop/picture_file.h"
+#include "desktop/pictures.h"
 
 namespace {
 
@@ -21,10 +22,6 @@ std::string Preview(int mode) {
 std::string StillOf(const std::string& request, const std::string& name = "snap0001.jpg") {
     return "control 0x80000007 in 220 out 0 still " + request + " path \\My Documents\\My Pictures\\" + name;
 }
-std::filesystem::path PictureIn(const CameraProcess& camera, const char* name = "snap0001.jpg") {
-    return camera.Store() / "My Documents" / "My Pictures" / name;
-}
-
 // A camera with live frames; `calls` are those since then.
 class LiveCamera {
   public:
@@ -78,7 +75,7 @@ TEST_P(CaptureTrace, GoesToTheCardAndTheFileIntoTheStore) {
         expected.insert(expected.end(), {kStop, StillOf(capture.request), Preview(capture.previews.back())});
         EXPECT_EQ(live.Calls(expected.size()), expected) << "review " << review;
         ASSERT_TRUE(WaitFor([] { return ProfileValue(L"jpgno", 1) == 2; }));
-        const PixelPicture picture = ReadPicture(PictureIn(live.camera));
+        const PixelPicture picture = ReadPicture(PicturePath(live.camera, 1));
         EXPECT_EQ(picture.width, capture.width);
         EXPECT_EQ(picture.height, capture.height);
         EXPECT_TRUE(live.camera.WaitForFrames(3));
@@ -136,14 +133,14 @@ TEST(CaptureNumber, AfterTheLastComesTheFirst) {
     live.camera.Command(kShutter);
     EXPECT_EQ(live.Calls(3)[1], StillOf("mode 1 quality 1 sound 0", "snap9999.jpg"));
     EXPECT_TRUE(WaitFor([] { return ProfileValue(L"jpgno", 0) == 1; }));
-    EXPECT_TRUE(std::filesystem::exists(PictureIn(live.camera, "snap9999.jpg")));
+    EXPECT_TRUE(std::filesystem::exists(PicturePath(live.camera, 9999)));
 }
 
 TEST(CaptureNumber, AdvancesThoughTheCardRefuses) {
     LiveCamera live({}, "refuse-still");
     live.camera.Command(kShutter);
     EXPECT_TRUE(WaitFor([] { return ProfileValue(L"jpgno", 0) == 2; }));
-    EXPECT_FALSE(std::filesystem::exists(PictureIn(live.camera)));
+    EXPECT_FALSE(std::filesystem::exists(PicturePath(live.camera, 1)));
     EXPECT_TRUE(live.camera.WaitForFrames(3));
 }
 
@@ -158,7 +155,7 @@ TEST(CaptureRoom, IsCountedInThirtyTwoBits) {
         ASSERT_TRUE(WaitFor([&] { return camera.MessageBox() != nullptr || ProfileValue(L"jpgno", 1) == 2; }));
         EXPECT_EQ(camera.MessageBox() == nullptr, taken) << kilobytes;
         if (camera.MessageBox() != nullptr) CameraProcess::Press(camera.MessageBox(), IDOK);
-        EXPECT_EQ(std::filesystem::exists(PictureIn(camera)), taken) << kilobytes;
+        EXPECT_EQ(std::filesystem::exists(PicturePath(camera, 1)), taken) << kilobytes;
     }
 }
 
@@ -209,7 +206,7 @@ TEST_P(SelfTimer, TakesOnePictureInItsTime) {
     EXPECT_GE(passed, countdown.least);
     EXPECT_LE(passed, countdown.most);
     live.camera.SetCard("");
-    ASSERT_TRUE(WaitFor([&] { return std::filesystem::exists(PictureIn(live.camera)); }));
+    ASSERT_TRUE(WaitFor([&] { return std::filesystem::exists(PicturePath(live.camera, 1)); }));
     ASSERT_TRUE(live.camera.WaitForFrames(45));  // three seconds
     EXPECT_EQ(live.Stills(), 1u);
     EXPECT_EQ(ProfileValue(L"jpgno", 0), 2u);

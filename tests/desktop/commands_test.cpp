@@ -20,11 +20,7 @@ class Commands : public testing::Test {
         before = camera.Calls().size();
     }
     // The calls since the start, once there are this many of them.
-    Lines Since(size_t count) {
-        WaitFor([&] { return camera.Calls().size() >= before + count; });
-        const Lines all = camera.Calls();
-        return Lines(all.begin() + static_cast<long>(before), all.end());
-    }
+    Lines Since(size_t count) { return camera.CallsSince(before, count); }
     static std::string Preview(int mode) {
         return "control 0x8000000F in " + std::to_string(mode) + " out 0 preview mode " + std::to_string(mode);
     }

@@ -6,14 +6,6 @@
 
 namespace {
 
-void ExpectOrderlyExit(CameraProcess& camera) {
-    camera.Command(32827);
-    EXPECT_TRUE(camera.WaitForEnd());
-    DWORD code = 1;
-    GetExitCodeProcess(camera.Handle(), &code);
-    EXPECT_EQ(code, 0u);
-}
-
 class BadFrames : public testing::TestWithParam<const char*> {};
 
 TEST_P(BadFrames, AreDroppedAndTheNextGoodOneShows) {
@@ -26,7 +18,7 @@ TEST_P(BadFrames, AreDroppedAndTheNextGoodOneShows) {
     ASSERT_TRUE(camera.WaitForFrames(5));
     const ScreenPicture good(camera.LiveView());
     EXPECT_TRUE(WaitFor([&] { return !(ScreenPicture(camera.LiveView()) == good); }));
-    ExpectOrderlyExit(camera);
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, BadFrames, testing::Values("garbage", "short", "long"));
@@ -40,7 +32,7 @@ TEST(BadProfile, ValuesOutOfRangeAreHarmless) {
     ASSERT_TRUE(WaitFor([&] { return camera.Calls().size() >= 3; }));
     for (const std::string& line : camera.Calls()) EXPECT_EQ(line.find("preview"), std::string::npos) << line;
     EXPECT_TRUE(camera.IsRunning());
-    ExpectOrderlyExit(camera);
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 TEST(BadProfile, ValuesOfAnotherKindGiveTheDefaults) {
@@ -49,14 +41,14 @@ TEST(BadProfile, ValuesOfAnotherKindGiveTheDefaults) {
     RegSetKeyValueW(HKEY_CURRENT_USER, L"Software\\Zel\\Setting", L"awb", REG_SZ, text, sizeof(text));
     ASSERT_NE(camera.Screen(), nullptr);
     ASSERT_TRUE(camera.WaitForFrames(3));
-    ExpectOrderlyExit(camera);
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 TEST(BadStore, WithoutRoomTheCountIsZeroAndTheCameraRuns) {
     CameraProcess camera({{{L"HANDHELD_STORE_KB", L"1"}}, {}, "", {}});
     ASSERT_NE(camera.Screen(), nullptr);
     EXPECT_TRUE(camera.WaitForFrames(5));
-    ExpectOrderlyExit(camera);
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 TEST(BadStore, AnUnreadableStoreStopsNothing) {
@@ -64,7 +56,7 @@ TEST(BadStore, AnUnreadableStoreStopsNothing) {
     CameraProcess camera({{{L"HANDHELD_ROOT", (CameraProcess::BuildFolder() / "zelcamera.exe").wstring()}}, {}, "", {}});
     ASSERT_NE(camera.Screen(), nullptr);
     EXPECT_TRUE(camera.WaitForFrames(5));
-    ExpectOrderlyExit(camera);
+    EXPECT_TRUE(camera.ExitsInOrder());
 }
 
 }  // namespace

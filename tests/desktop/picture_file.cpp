@@ -4,26 +4,13 @@
 
 #include <wincodec.h>
 
+#include "handheld/common/com_reference.h"
+
 namespace {
 
-template <class Interface>
-class Reference {
-  public:
-    Reference() = default;
-    ~Reference() {
-        if (m_object != nullptr) m_object->Release();
-    }
-    Reference(const Reference&) = delete;
-    Reference& operator=(const Reference&) = delete;
-    Interface** Receive() { return &m_object; }
-    Interface* operator->() const { return m_object; }
-    Interface* Get() const { return m_object; }
+using handheld::CComReference;
 
-  private:
-    Interface* m_object = nullptr;
-};
-
-bool MakeFactory(Reference<IWICImagingFactory>& factory) {
+bool MakeFactory(CComReference<IWICImagingFactory>& factory) {
     [[maybe_unused]] static const HRESULT ready = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
     return SUCCEEDED(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_IWICImagingFactory,
                                       reinterpret_cast<void**>(factory.Receive())));
@@ -32,10 +19,10 @@ bool MakeFactory(Reference<IWICImagingFactory>& factory) {
 }  // namespace
 
 PixelPicture ReadPicture(const std::filesystem::path& path) {
-    Reference<IWICImagingFactory> factory;
-    Reference<IWICBitmapDecoder> decoder;
-    Reference<IWICBitmapFrameDecode> frame;
-    Reference<IWICBitmapSource> source;
+    CComReference<IWICImagingFactory> factory;
+    CComReference<IWICBitmapDecoder> decoder;
+    CComReference<IWICBitmapFrameDecode> frame;
+    CComReference<IWICBitmapSource> source;
     UINT width = 0, height = 0;
     PixelPicture picture;
     if (!MakeFactory(factory) ||
@@ -54,11 +41,11 @@ PixelPicture ReadPicture(const std::filesystem::path& path) {
 }
 
 bool WritePicture(const std::filesystem::path& path, const PixelPicture& picture) {
-    Reference<IWICImagingFactory> factory;
-    Reference<IWICStream> stream;
-    Reference<IWICBitmapEncoder> encoder;
-    Reference<IWICBitmapFrameEncode> frame;
-    Reference<IPropertyBag2> options;
+    CComReference<IWICImagingFactory> factory;
+    CComReference<IWICStream> stream;
+    CComReference<IWICBitmapEncoder> encoder;
+    CComReference<IWICBitmapFrameEncode> frame;
+    CComReference<IPropertyBag2> options;
     WICPixelFormatGUID format = GUID_WICPixelFormat24bppBGR;
     std::vector<uint8_t> pixels = picture.pixels;
     return MakeFactory(factory) && SUCCEEDED(factory->CreateStream(stream.Receive())) &&

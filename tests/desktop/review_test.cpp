@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "desktop/camera_process.h"
+#include "desktop/pictures.h"
 #include "desktop/program_bitmap.h"
 #include "desktop/screen_picture.h"
 
@@ -48,10 +49,6 @@ class Review : public testing::TestWithParam<DWORD> {
             return call.find(" still mode ") != std::string::npos;
         }));
     }
-    std::filesystem::path Picture(const char* name = "snap0001.jpg") const {
-        return camera.Store() / "My Documents" / "My Pictures" / name;
-    }
-
     CameraProcess camera;
 };
 
@@ -79,7 +76,7 @@ TEST_P(Review, ShowsAHintAndNoRate) {
 
 TEST_P(Review, OkDeletesTheFileAndTakesTheNumberBack) {
     TakePicture();
-    ASSERT_TRUE(std::filesystem::exists(Picture()));
+    ASSERT_TRUE(std::filesystem::exists(PicturePath(camera, 1)));
     const HWND box = Question(120, 90);
     ASSERT_NE(box, nullptr);
     wchar_t caption[64] = {};
@@ -89,7 +86,7 @@ TEST_P(Review, OkDeletesTheFileAndTakesTheNumberBack) {
     EXPECT_NE(GetDlgItem(box, IDCANCEL), nullptr);
     Answer(box, IDOK);
     EXPECT_TRUE(WaitFor([] { return ProfileValue(L"jpgno", 0) == 1; }));
-    EXPECT_FALSE(std::filesystem::exists(Picture()));
+    EXPECT_FALSE(std::filesystem::exists(PicturePath(camera, 1)));
 }
 
 TEST_P(Review, CancelKeepsThePicture) {
@@ -98,7 +95,7 @@ TEST_P(Review, CancelKeepsThePicture) {
     ASSERT_NE(box, nullptr);
     Answer(box, IDCANCEL);
     ASSERT_TRUE(camera.WaitForFrames(3));
-    EXPECT_TRUE(std::filesystem::exists(Picture()));
+    EXPECT_TRUE(std::filesystem::exists(PicturePath(camera, 1)));
     EXPECT_EQ(ProfileValue(L"jpgno", 0), 2u);
 }
 
@@ -159,7 +156,7 @@ TEST_P(ReviewOfTheLastNumber, DeletingGoesToNumberZero) {
     ASSERT_NE(box, nullptr);
     Answer(box, IDOK);
     EXPECT_TRUE(WaitFor([] { return ProfileValue(L"jpgno", 9) == 0; }));
-    EXPECT_TRUE(std::filesystem::exists(Picture("snap9999.jpg")));
+    EXPECT_TRUE(std::filesystem::exists(PicturePath(camera, 9999)));
 }
 
 INSTANTIATE_TEST_SUITE_P(LargeSize, ReviewOfTheLastNumber, testing::Values(0));

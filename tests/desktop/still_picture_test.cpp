@@ -7,6 +7,7 @@
 
 #include "desktop/camera_process.h"
 #include "desktop/color_chart.h"
+#include "desktop/pictures.h"
 #include "desktop/program_bitmap.h"
 #include "desktop/screen_picture.h"
 
@@ -39,11 +40,10 @@ class ChartCamera {
         for (int i = 0; i < zoom; ++i) camera.Command(kZoomIn);
         return camera.WaitForFrames(4 + 4 * static_cast<size_t>(zoom));
     }
-    std::filesystem::path Picture() const { return camera.Store() / "My Documents" / "My Pictures" / "snap0001.jpg"; }
     PixelPicture TakePicture() {
         camera.Command(kShutter);
         WaitFor([&] { return ProfileValue(L"jpgno", 1) == 2; });
-        return ReadPicture(Picture());
+        return ReadPicture(PicturePath(camera, 1));
     }
 
   private:

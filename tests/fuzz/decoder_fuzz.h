@@ -1,18 +1,9 @@
-// One fuzzed decode: the first byte chooses among the target's modes, the rest is the stream.
+// One fuzzed decode, by every engine.
 #pragma once
 #include <cstddef>
 #include <cstdint>
 
-#include "support/decode_run.h"
-
-// Keeps one context over all inputs, as the program does, and delivers into a buffer of exactly the picture's
-// size. Codes outside the table and pictures beyond the target abort.
-inline void fuzzDecode(const uint8_t* data, size_t size, const int32_t* modes, size_t modeCount) {
-    static TestContext context;
-    if (size == 0) return;
-    const int32_t mode = modes[data[0] % modeCount];
-    const Decoded decoded = runDecode(*context, mode, Bytes(data + 1, data + size));
-    const bool known = decoded.code <= 4 || (decoded.code >= 6 && decoded.code <= 11) || decoded.code == 13 ||
-                       decoded.code == 18;
-    if (!known || decoded.picture.size() > targetPicture(mode).totalBytes) __builtin_trap();
-}
+// Aborts on a code that callers do not know, on an engine that differs from the portable one in code, bytes
+// or reader, and (through the sanitizers) on any byte read or written outside the buffers, which have exactly
+// their sizes, or delivered without having been written.
+void fuzzDecode(int32_t mode, const uint8_t* stream, size_t size);

@@ -1,21 +1,44 @@
-// Writes the starting streams of the decoder's fuzz targets into a folder, one file each.
-#include <cstdio>
+// Writes the starting inputs of the fuzz targets: one folder for each target, named as it is.
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <string>
 
-#include "support/picture_encoder.h"
-#include "support/scan_writer.h"
+#include "support/hostile_seeds.h"
 
 namespace {
 
-bool write(const std::string& path, const Bytes& stream) {
-    // Before the stream the byte that chooses the mode.
-    Bytes bytes = {static_cast<uint8_t>(stream.size())};
-    bytes.insert(bytes.end(), stream.begin(), stream.end());
+// `choice` goes before the content: the byte by which a target chooses mode, header or parser.
+void write(const std::filesystem::path& path, uint8_t choice, const uint8_t* content, size_t size) {
+    std::filesystem::create_directories(path.parent_path());
     std::ofstream file(path, std::ios::binary);
-    file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    return !file.fail();
+    file.put(static_cast<char>(choice));
+    file.write(reinterpret_cast<const char*>(content), static_cast<std::streamsize>(size));
+    file.close();
+    if (!file) throw std::runtime_error("cannot write " + path.string());
+}
+
+// Each segment of a stream by the parsers of its kind, and the scan by every header.
+void writeParts(const std::filesystem::path& folder, const HostileSeed& seed) {
+    const Bytes& stream = seed.stream;
+    for (size_t at = 2; at + 4 <= stream.size();) {
+        const uint8_t marker = stream[at + 1];
+        const size_t body = at + 2;
+        const size_t length = static_cast<size_t>(stream[body] << 8 | stream[body + 1]);
+        const std::string name = seed.name + "-" + std::to_string(at);
+        for (uint8_t choice = 0; choice < 8; ++choice) {
+            const auto byte = static_cast<uint8_t>(choice | (seed.name.size() + at) % 32 << 3);
+            write(folder / "fuzz_segments" / (name + std::to_string(choice)), byte, &stream[body], length);
+        }
+        if (marker == 0xDA) {
+            for (uint8_t choice = 0; choice < 32; ++choice) {
+                write(folder / "fuzz_scan_data" / (seed.name + std::to_string(choice)), choice,
+                      &stream[body + length], stream.size() - body - length - 2);
+            }
+            break;
+        }
+        at = body + length;
+    }
 }
 
 }  // namespace
@@ -25,26 +48,21 @@ int main(int argc, char** argv) {
         std::cerr << "usage: make_fuzz_seeds FOLDER\n";
         return 2;
     }
-    const std::string folder = std::string(argv[1]) + "/seed-";
-    bool written = true;
-    int number = 0;
-    for (Sampling sampling : {Sampling::k444, Sampling::k422, Sampling::k420}) {
-        for (uint32_t width : {16, 48, 160}) {
-            for (uint16_t interval : {0, 2}) {
-                EncodeOptions options;
-                options.sampling = sampling;
-                options.coarseness = 20;
-                options.restartInterval = interval;
-                const Bytes stream = encodePicture(makePicture(width, width * 3 / 4, 1), options);
-                written = write(folder + std::to_string(number++), stream) && written;
+    const std::filesystem::path folder = argv[1];
+    try {
+        for (const HostileSeed& seed : tinySeeds()) {
+            const Bytes& stream = seed.stream;
+            for (uint8_t choice = 0; choice < 24; ++choice) {
+                const std::string name = seed.name + std::to_string(choice);
+                write(folder / "fuzz_decoder_strip" / name, choice, stream.data(), stream.size());
+                if (choice < 2)
+                    write(folder / "fuzz_decoder_planar" / name, choice, stream.data(), stream.size());
             }
+            writeParts(folder, seed);
         }
+    } catch (const std::exception& error) {
+        std::cerr << "make_fuzz_seeds: " << error.what() << "\n";
+        return 2;
     }
-    JpegStream grey;
-    grey.start().segment(0xFE, {1, 2}).quantTable(0, 9).frame(40, 24, {{1, 0x11, 0}}).scanHeader(1);
-    ScanWriter scan;
-    for (int i = 0; i < 15; ++i) scan.flatBlock(false, i);
-    written = write(folder + "grey", grey.raw(scan.bytes()).end().bytes()) && written;
-    if (!written) std::cerr << "make_fuzz_seeds: cannot write to " << argv[1] << "\n";
-    return written ? 0 : 2;
+    return 0;
 }

@@ -2,6 +2,7 @@
 """Builds every preset and runs every test.  The last line counts them: N passed, N failed, N skipped."""
 
 import argparse
+import concurrent.futures
 import json
 import os
 import pathlib
@@ -11,15 +12,17 @@ import tempfile
 import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
+import instruction_guard  # noqa: E402
 from wine_session import ROOT, TEST_ZONE, wine_session  # noqa: E402
 
-PRESETS = ["native", "sanitize", "arm", "layout", "desktop"]
+PRESETS = ["native", "sanitize", "memory", "arm", "layout", "desktop", "handheld"]
 
 # Programs and scripts that print "ok NAME", "skipped NAME: why" or "FAILED NAME: why" for each thing they check.
-CHECKS = sorted((ROOT / "tests" / "checks").glob("check_*.py"))
+CHECKS = sorted((ROOT / "tests").glob("*/check_*.py"))
 
 GOLDEN = "tests/golden/decoder.txt"
-FUZZ_RUNS = 20000
+FUZZ_RUNS = 50000
+HOSTILE_SHARE = {"native": 1, "sanitize": 40}  # every n-th of the damaged streams
 LIMIT = 900  # seconds for one test program
 
 
@@ -81,9 +84,19 @@ def run_gtest(label, run, program, tally):
     print(f"{label} {program.stem}: {len(tests)} tests in {time.monotonic() - started:.1f} s", flush=True)
 
 
-def run_check(script, tally):
-    result = subprocess.run(["/usr/bin/python3", script], cwd=ROOT, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-                            text=True, timeout=LIMIT)
+def run_script(script):
+    return subprocess.run(["/usr/bin/python3", script], cwd=ROOT, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                          text=True, timeout=LIMIT)
+
+
+def run_checks(tally):
+    """Side by side: most wait for programs that they start."""
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        for script, result in zip(CHECKS, pool.map(run_script, CHECKS)):
+            count_check(script, result, tally)
+
+
+def count_check(script, result, tally):
     counted = 0
     for line in result.stdout.splitlines():
         outcome, _, name = line.partition(" ")
@@ -125,18 +138,28 @@ def run_golden(preset, launcher, tally, environment=None):
 
 def run_fuzzers(tally):
     """A bounded run of each target; a fixed seed makes it the same every time."""
-    folder = ROOT / "build" / "sanitize" / "tests"
-    maker = folder / "make_fuzz_seeds"
-    for target in sorted(folder.glob("fuzz_*")):
+    for preset in ("sanitize", "memory"):
+        folder = ROOT / "build" / preset / "tests"
         with tempfile.TemporaryDirectory(prefix="zel-fuzz-") as corpus:
-            captured([maker, corpus])
-            run_command(f"sanitize {target.name} {FUZZ_RUNS} executions",
-                        [target, f"-runs={FUZZ_RUNS}", "-seed=1", f"-artifact_prefix={corpus}/", corpus], tally)
+            targets = programs(preset, "fuzz_*")
+            if targets:
+                captured([folder / "make_fuzz_seeds", corpus])
+            for target in targets:
+                run_command(f"{preset} {target.name} {FUZZ_RUNS} executions",
+                            [target, f"-runs={FUZZ_RUNS}", "-seed=1", "-max_len=800", "-dict=tests/fuzz/jpeg.dict",
+                             f"-artifact_prefix={corpus}/", f"{corpus}/{target.name}"], tally)
+
+
+def run_hostile(tally):
+    for preset, share in HOSTILE_SHARE.items():
+        for program in programs(preset, "hostile_decoder"):
+            run_command(f"{preset} hostile decodes", [program, "--every", str(share)], tally)
 
 
 def run_portable(tally):
     for preset, launcher in (("native", []), ("sanitize", []), ("arm", ["qemu-arm"])):
         run_golden(preset, launcher, tally)
+    run_hostile(tally)
     run_fuzzers(tally)
     for program in programs("native", "unit_*"):
         run_gtest("native", lambda path, options: captured([path, *options]), program, tally)
@@ -144,6 +167,15 @@ def run_portable(tally):
         run_gtest("sanitize", lambda path, options: captured([path, *options]), program, tally)
     for program in programs("arm", "unit_*"):
         run_gtest("arm", lambda path, options: captured(["qemu-arm", path, *options]), program, tally)
+
+
+def run_instruction_guard(tally):
+    try:
+        for name, problem in instruction_guard.check():
+            tally.add(name, "failed" if problem else "ok", problem)
+    except (OSError, subprocess.SubprocessError, ValueError) as error:
+        tally.add("instruction counts", "failed", str(error))
+    print("instruction counts compared", flush=True)
 
 
 def run_desktop(tally):
@@ -164,9 +196,10 @@ def main():
     tally = Tally()
     built = [preset for preset in presets if build(preset, tally)]
     if set(built) >= set(PRESETS):
-        for script in CHECKS:
-            run_check(script, tally)
+        run_checks(tally)
     run_portable(tally)
+    if {"native", "arm"} <= set(built):
+        run_instruction_guard(tally)
     if "desktop" in built:
         run_desktop(tally)
     for name in tally.failures:

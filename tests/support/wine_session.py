@@ -49,7 +49,7 @@ class WineSession:
         self.environment.update(
             DISPLAY=display or self.display.name, WINEPREFIX=str(prefix), WINEDEBUG="-all", WINEARCH="win64",
             WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d", LC_ALL="C.UTF-8", LANG="C.UTF-8",
-            HANDHELD_ROOT=str(self.scratch / "store"))
+            HANDHELD_ROOT=str(self.scratch / "store"), HANDHELD_KEYPAD="off")
         self.prefix = pathlib.Path(prefix)
         self.server = None
         self._prepare_prefix()

@@ -74,6 +74,13 @@ bool CCard::control(DWORD id, const ControlCall& call, DWORD* returned) {
     return succeeded;
 }
 
+// The live view ends with the card's power, however soon that is back.
+void CCard::move(bool in) {
+    m_health.set(kUnplugged, !in);
+    std::lock_guard guard(m_lock);
+    if (!in && m_preview) m_preview->stop();
+}
+
 bool CCard::perform(DWORD id, const ControlCall& call, DWORD& returned) {
     if (m_opens.count(id) == 0) return fail(ERROR_INVALID_HANDLE);
     if (m_health.check() & kUnplugged) {

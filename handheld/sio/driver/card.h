@@ -27,6 +27,10 @@ class CCard {
     // set the last error.
     bool control(DWORD id, const ControlCall& call, DWORD* returned);
 
+    // Whether the card is in its slot; pulls it out or puts it back, until the control file changes.
+    bool isIn() { return !(m_health.check() & kUnplugged); }
+    void move(bool in);
+
   private:
     struct Operation;
     static const Operation kOperations[];

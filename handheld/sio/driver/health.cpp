@@ -27,18 +27,31 @@ std::string CHealth::readFile() const {
     return text;
 }
 
-Faults CHealth::check() {
-    if (!isWatching()) return 0;
-    std::lock_guard guard(m_lock);
+void CHealth::change(Faults faults) {
+    for (const std::string& event : faultEvents(m_faults, faults)) m_log.write(event);
+    m_faults = faults;
+}
+
+void CHealth::followFile() {
+    if (!isWatching()) return;
     const Stamp stamp = stampNow();
-    if (!(stamp == m_stamp)) {
-        m_stamp = stamp;
-        const ControlFile file = parseControlFile(readFile());
-        for (const std::string& word : file.unknownWords) m_log.write("card does not know the word " + word);
-        for (const std::string& event : faultEvents(m_faults, file.faults)) m_log.write(event);
-        m_faults = file.faults;
-    }
+    if (stamp == m_stamp) return;
+    m_stamp = stamp;
+    const ControlFile file = parseControlFile(readFile());
+    for (const std::string& word : file.unknownWords) m_log.write("card does not know the word " + word);
+    change(file.faults);
+}
+
+Faults CHealth::check() {
+    std::lock_guard guard(m_lock);
+    followFile();
     return m_faults;
+}
+
+void CHealth::set(Fault fault, bool present) {
+    std::lock_guard guard(m_lock);
+    followFile();
+    change(present ? m_faults | fault : m_faults & ~fault);
 }
 
 }  // namespace sio

@@ -20,6 +20,9 @@ class CHealth {
     // Looks whether the file has changed, reads it if so and logs what that changes; gives the faults now.
     Faults check();
 
+    // Makes one fault begin or end until the file changes.
+    void set(Fault fault, bool present);
+
   private:
     struct Stamp {
         FILETIME written{};
@@ -31,6 +34,8 @@ class CHealth {
     };
     Stamp stampNow() const;
     std::string readFile() const;
+    void followFile();
+    void change(Faults faults);
 
     const std::wstring m_path;
     CLogFile& m_log;

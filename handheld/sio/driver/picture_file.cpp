@@ -5,6 +5,8 @@
 
 #include <utility>
 
+#include "handheld/common/com_reference.h"
+
 namespace sio {
 namespace {
 
@@ -23,23 +25,6 @@ class CComSession {
 
   private:
     const HRESULT m_result;  // a thread that has its own apartment already is fine too
-};
-
-template <class Interface>
-class CReference {
-  public:
-    CReference() = default;
-    ~CReference() {
-        if (m_object) m_object->Release();
-    }
-    CReference(const CReference&) = delete;
-    CReference& operator=(const CReference&) = delete;
-    Interface** receive() { return &m_object; }
-    Interface* get() const { return m_object; }
-    Interface* operator->() const { return m_object; }
-
-  private:
-    Interface* m_object = nullptr;
 };
 
 bool copyPixels(IWICBitmapSource& source, Picture& into) {
@@ -63,17 +48,17 @@ bool copyPixels(IWICBitmapSource& source, Picture& into) {
 
 bool readPictureFile(const std::wstring& path, Picture& into) {
     const CComSession session;
-    CReference<IWICImagingFactory> factory;
-    CReference<IWICBitmapDecoder> decoder;
-    CReference<IWICBitmapFrameDecode> frame;
-    CReference<IWICBitmapSource> converted;
+    handheld::CComReference<IWICImagingFactory> factory;
+    handheld::CComReference<IWICBitmapDecoder> decoder;
+    handheld::CComReference<IWICBitmapFrameDecode> frame;
+    handheld::CComReference<IWICBitmapSource> converted;
     return SUCCEEDED(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
-                                      IID_IWICImagingFactory, reinterpret_cast<void**>(factory.receive()))) &&
+                                      IID_IWICImagingFactory, reinterpret_cast<void**>(factory.Receive()))) &&
            SUCCEEDED(factory->CreateDecoderFromFilename(path.c_str(), nullptr, GENERIC_READ,
-                                                        WICDecodeMetadataCacheOnDemand, decoder.receive())) &&
-           SUCCEEDED(decoder->GetFrame(0, frame.receive())) &&
-           SUCCEEDED(WICConvertBitmapSource(GUID_WICPixelFormat24bppBGR, frame.get(), converted.receive())) &&
-           copyPixels(*converted.get(), into);
+                                                        WICDecodeMetadataCacheOnDemand, decoder.Receive())) &&
+           SUCCEEDED(decoder->GetFrame(0, frame.Receive())) &&
+           SUCCEEDED(WICConvertBitmapSource(GUID_WICPixelFormat24bppBGR, frame.Get(), converted.Receive())) &&
+           copyPixels(*converted.Get(), into);
 }
 
 }  // namespace sio

@@ -28,8 +28,15 @@ bool writeAll(const std::wstring& path, const std::vector<uint8_t>& data) {
     return succeeded && written == data.size();
 }
 
-// Whole or not at all: the name appears only once everything is written.
+bool isWriteProtected(const std::wstring& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && attributes & FILE_ATTRIBUTE_READONLY;
+}
+
+// Whole or not at all: the name appears only once everything is written.  Asked first, since not every
+// desktop's renaming cares for a file's protection.
 bool writeFile(const std::wstring& path, const std::vector<uint8_t>& data) {
+    if (isWriteProtected(path)) return fail(ERROR_ACCESS_DENIED);
     const std::wstring unfinished = path + L".part";
     if (writeAll(unfinished, data) &&
         MoveFileExW(unfinished.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING)) {
@@ -54,7 +61,9 @@ bool takeStill(CCamera& camera, const StillRequest& request) {
     const uint32_t quality = request.quality < 3 ? request.quality : 0;
     const std::vector<uint8_t> file =
         encodeStill(picture, quality, size_t{mode->kilobytes} * 1024 << quality);
-    if (file.size() > handheld::StoreFreeBytes()) return fail(ERROR_DISK_FULL);
+    const auto used = handheld::MeasureStoredBytes();
+    if (!used) return false;
+    if (*used + file.size() > handheld::StoreTotalBytes()) return fail(ERROR_DISK_FULL);
     return writeFile(*path, file);
 }
 

@@ -1,17 +1,10 @@
-// Quantisation steps of the live-view frames, the same as in the program's frame headers.
+// Quantisation steps of the live-view frames.
 #pragma once
 #include "handheld/sio/encoder/scan_writer.h"
 
 namespace sio {
 
-inline constexpr StepTables kFrameSteps = {
-    {7,   7,   7,   13,  13,  13,  17,  16,  16,  17,  32,  23,  26,  23,  32,  51,
-     34,  37,  37,  34,  51,  73,  57,  57,  64,  57,  57,  73,  128, 85,  85,  102,
-     102, 85,  85,  128, 128, 128, 128, 171, 128, 128, 128, 171, 171, 255, 255, 171,
-     171, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255},
-    {7,   7,   7,   10,  10,  10,  16,  14,  14,  16,  26,  20,  23,  20,  26,  37,
-     32,  32,  32,  32,  39,  57,  39,  39,  51,  39,  39,  57,  85,  64,  64,  73,
-     73,  64,  64,  85,  102, 85,  102, 128, 102, 85,  102, 128, 128, 171, 171, 128,
-     128, 171, 255, 255, 255, 171, 255, 255, 255, 255, 255, 255, 255, 255, 255, 255}};
+// Those that the program's frame headers tell the decoder, the same in all three.
+const StepTables& frameSteps();
 
 }  // namespace sio

@@ -9,7 +9,7 @@ void CPreviewEncoder::encode(const Picture& picture, Sampling sampling, std::vec
     m_planes.split(picture, sampling);
     const auto write = [&](int lastCoefficient) {
         scan.clear();
-        return writeScan(m_planes, kFrameSteps, {kMaxScanBytes, lastCoefficient}, scan);
+        return writeScan(m_planes, frameSteps(), {kMaxScanBytes, lastCoefficient}, scan);
     };
     if (write(kCoefficients - 1)) return;
     // Means alone always fit: 20 bits at most for each of the 3600 blocks of the largest frame.

@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstring>
+#include <iterator>
 #include <memory>
 
 #include "fakes/capture_fake.h"
 #include "fakes/driver_fake.h"
 #include "fakes/store_fake.h"
 #include "settings/settings_keys.h"
+#include "support/picture_encoder.h"
 
 namespace {
 
@@ -158,6 +162,18 @@ TEST_F(StillCaptureTest, AnUndecodableReviewFileShowsNothing) {
     StillCapture capture = Records();
     EXPECT_EQ(LoadReviewPicture(capture, L"\\x.jpg", 9), 1u);
     EXPECT_TRUE(review->ready);
+}
+
+TEST_F(StillCaptureTest, ACutReviewFileLeavesThePictureAsItIs) {
+    const Bytes whole = encodePicture(makePicture(320, 240, 1), {});
+    std::memset(image->pixels, 0xA5, sizeof(image->pixels));
+    effects.reviewFile.assign(whole.begin(), whole.begin() + static_cast<ptrdiff_t>(whole.size() * 3 / 4));
+    StillCapture capture = Records();
+    EXPECT_EQ(LoadReviewPicture(capture, L"\\x.jpg", 9), 1u);
+    EXPECT_TRUE(std::all_of(std::begin(image->pixels), std::end(image->pixels), [](uint8_t byte) { return byte == 0xA5; }));
+    effects.reviewFile.assign(whole.begin(), whole.end());
+    EXPECT_EQ(LoadReviewPicture(capture, L"\\x.jpg", 9), 0u);
+    EXPECT_NE(image->pixels[0], 0xA5);
 }
 
 TEST_F(StillCaptureTest, TheShutterIsIgnoredDuringTheReview) {

@@ -105,6 +105,18 @@ TEST_F(HardwareKeys, ReleaseFollowsThePress) {
     Expect({{WM_KEYDOWN, 134}, {WM_KEYUP, 134}});
 }
 
+// As the key pad sends them, whatever is held on the keyboard.
+TEST_F(HardwareKeys, TheHandheldsOwnKeysNeedNoPcKey) {
+    BYTE keys[256] = {};
+    keys[VK_SHIFT] = 0x80;
+    SetKeyboardState(keys);
+    Type(195, 2);
+    Type(134);
+    keys[VK_SHIFT] = 0;
+    SetKeyboardState(keys);
+    Expect({{WM_HOTKEY, 195}, {WM_KEYUP, 195}, {WM_KEYDOWN, 134}, {WM_KEYUP, 134}});
+}
+
 TEST_F(HardwareKeys, OtherKeysPassUnchanged) {
     Type(VK_F6);
     Type('A');

@@ -24,9 +24,9 @@ std::vector<uint8_t> completeFrame(const std::vector<uint8_t>& scan, int width, 
                                    sio::Sampling sampling) {
     std::vector<uint8_t> out;
     append(out, {0xFF, 0xD8, 0xFF, 0xDB, 0, 132, 0});
-    out.insert(out.end(), sio::kFrameSteps.luma.begin(), sio::kFrameSteps.luma.end());
+    out.insert(out.end(), sio::frameSteps().luma.begin(), sio::frameSteps().luma.end());
     append(out, {1});
-    out.insert(out.end(), sio::kFrameSteps.chroma.begin(), sio::kFrameSteps.chroma.end());
+    out.insert(out.end(), sio::frameSteps().chroma.begin(), sio::frameSteps().chroma.end());
     append(out, {0xFF, 0xC0, 0, 17, 8, height >> 8, height & 0xFF, width >> 8, width & 0xFF, 3});
     append(out, {1, sampling.across << 4 | sampling.down, 0, 2, 0x11, 1, 3, 0x11, 1});
     appendHuffman(out, 0x00, sio::kLumaDc);

@@ -125,7 +125,7 @@ TEST(PreviewEncoder, HardPictureIsSoftenedUntilItFits) {
     Planes planes;
     planes.split(picture, k444);
     std::vector<uint8_t> whole;
-    ASSERT_FALSE(writeScan(planes, kFrameSteps, {kMaxScanBytes}, whole)) << "the picture is too easy";
+    ASSERT_FALSE(writeScan(planes, frameSteps(), {kMaxScanBytes}, whole)) << "the picture is too easy";
     const auto scan = encodeFrame(picture, k444);
     EXPECT_LE(scan.size(), kMaxScanBytes);
     // Softened no more than needed: most of the room is used.

@@ -1,0 +1,3 @@
+#pragma once
+
+#define IDB_KEY_PAD 1

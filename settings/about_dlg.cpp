@@ -80,6 +80,7 @@ bool CAboutDlg::OnInitDialog() {
 }
 
 // The text begins with blanks, as wide as the font has them: its first word is to stand below the product's name.
+// The blanks may lie behind the picture.
 void CAboutDlg::AlignTime() {
     const HWND time = Control(IDC_ABOUT_TIME);
     const auto font = reinterpret_cast<HGDIOBJ>(SendMessageW(time, WM_GETFONT, 0, 0));
@@ -95,8 +96,8 @@ void CAboutDlg::AlignTime() {
     GetWindowRect(time, &place);
     place.left = title.left - blanks.right;
     MapWindowPoints(nullptr, Hwnd(), reinterpret_cast<POINT*>(&place), 2);
-    SetWindowPos(time, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(time, HWND_BOTTOM, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                 SWP_NOACTIVATE);
 }
 
 void CAboutDlg::FillVersions(HWND list) {

@@ -80,11 +80,14 @@ void CCameraDlg::OnActionKey() {
     if (result == ShutterResult::countdownStarted) m_liveView.StartCountdownClock();
 }
 
+// The last picture is the one before the next number, also where the numbers began anew: then the viewer is given a
+// name that no picture has.  (Play.AfterTheNumberWrappedAPictureThatDoesNotExistIsNamed)
+// Without a viewer the camera stays shut down, and only Exit is left.  (Play.WithoutTheViewerTheCameraStaysShutDown)
 void CCameraDlg::OnPlay() {
     StopPreview(m_camera.device);
     ShutDownCamera(m_camera.device);  // the viewer may want the card
     const std::wstring picture = m_camera.screen.picturesTaken != 0
-                                     ? PicturePath(m_camera.settings, m_camera.settings.jpgNo - 1)
+                                     ? PicturePath(m_camera.settings, LastNumber(m_camera.settings.jpgNo))
                                      : std::wstring();
     if (StartProcess(L"\\windows\\korvoimgview.exe", picture.empty() ? nullptr : picture.c_str())) ExitThread(0);
     ShowCaption(L"ERROR::\n Run korvoimgview.exe faile!", MB_OK);
@@ -139,6 +142,7 @@ void CCameraDlg::OnVideo() {
     InvalidateRect(Hwnd(), nullptr, FALSE);
 }
 
+// A video size without streams of its own only loses the one that may run.  (ZoomTrace.OfAnUnknownSizeOnlyStops)
 void CCameraDlg::OnZoomIn() {
     ScreenState& screen = m_camera.screen;
     if (screen.zoom == kMaxZoom) return;

@@ -36,6 +36,8 @@ Reply CCameraDlg::OnMessage(const Message& message) {
     return Dispatch<rows, CDialog>(*this, message);
 }
 
+// Takes a picture at once, whether a countdown runs or not, and leaves that alone: who posts this as well as letting
+// the live view count gets two.  (SelfTimerMessage.TakesAPictureAtOnce)
 void CCameraDlg::OnSelfTimerFire() {
     InvalidateStrip();
     TakeSnapshot(m_capture, m_camera.settings.resolution);

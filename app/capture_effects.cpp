@@ -7,17 +7,23 @@
 
 namespace {
 
+constexpr DWORD kReviewStep = 20;  // milliseconds
+
+// Set before a review's thread starts and not written while one that counts is running.
 struct ReviewTimer {
-    std::atomic<DWORD> start;     // tick count; a later picture moves it on under a running thread
+    std::atomic<DWORD> start;     // tick count
     std::atomic<DWORD> duration;  // milliseconds
+    std::atomic<DWORD> current;   // number of the review that counts; its thread is the only one to end it
     std::atomic<bool>* showing;
 };
 
 ReviewTimer g_reviewTimer;
 
-DWORD WINAPI EndReview(void*) {
-    while (GetTickCount() - g_reviewTimer.start <= g_reviewTimer.duration) Sleep(20);
-    *g_reviewTimer.showing = false;
+DWORD WINAPI EndReview(void* parameter) {
+    const auto number = static_cast<DWORD>(reinterpret_cast<uintptr_t>(parameter));
+    while (g_reviewTimer.current == number && GetTickCount() - g_reviewTimer.start <= g_reviewTimer.duration)
+        Sleep(kReviewStep);
+    if (g_reviewTimer.current == number) *g_reviewTimer.showing = false;
     return 0;
 }
 
@@ -38,9 +44,16 @@ void StartReviewTimer(std::atomic<bool>& showing, uint32_t milliseconds) {
     g_reviewTimer.showing = &showing;
     g_reviewTimer.duration = milliseconds;
     g_reviewTimer.start = GetTickCount();
-    const HANDLE thread = CreateThread(nullptr, 0, EndReview, nullptr, 0, nullptr);
-    if (thread != nullptr) CloseHandle(thread);
+    const DWORD number = ++g_reviewTimer.current;
+    const HANDLE thread = CreateThread(nullptr, 0, EndReview,
+                                       reinterpret_cast<void*>(static_cast<uintptr_t>(number)), 0, nullptr);
+    if (thread != nullptr)
+        CloseHandle(thread);
+    else
+        showing = false;  // nobody else would end the review, and the shutter waits for that
 }
+
+void StopReviewTimer() { ++g_reviewTimer.current; }
 
 bool ReadReviewFile(const std::wstring& path, uint8_t* room, uint32_t capacity, uint32_t& bytes) {
     FILE* const file = _wfopen(path.c_str(), L"rb");
@@ -58,7 +71,11 @@ bool ReadReviewFile(const std::wstring& path, uint8_t* room, uint32_t capacity, 
 }
 
 void PaintLiveView() {
-    if (const CCameraDlg* const screen = CCameraDlg::Current()) InvalidateRect(screen->LiveViewHwnd(), nullptr, FALSE);
+    const CCameraDlg* const screen = CCameraDlg::Current();
+    if (screen == nullptr) return;
+    InvalidateRect(screen->LiveViewHwnd(), nullptr, FALSE);
+    // Otherwise the paint would wait for an empty queue, and frames may be waiting there all the time.
+    PostMessageW(screen->LiveViewHwnd(), WM_PAINT, 0, 0);
 }
 
 uint32_t SoundModule() { return static_cast<uint32_t>(reinterpret_cast<uintptr_t>(GetModuleHandleW(nullptr))); }

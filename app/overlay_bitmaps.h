@@ -1,5 +1,6 @@
 // The overlay bitmaps, loaded by the camera screen and drawn by the live view.
 #pragma once
+#include "liveview/overlay_ids.h"
 #include "platform/ce.h"
 
 struct OverlayBitmap {
@@ -24,7 +25,6 @@ class COverlayBitmaps {
     const OverlayBitmap* Find(uint32_t id) const;
 
   private:
-    static constexpr uint32_t kMost = 32;
-    OverlayBitmap m_items[kMost];
+    OverlayBitmap m_items[OverlayCount()];
     uint32_t m_count = 0;
 };

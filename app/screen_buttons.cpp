@@ -23,8 +23,13 @@ constexpr ButtonLayout kLayout[] = {
     {IDC_ZOOM_IN, L"Zoom In", 127, 8, 32, 31, IDB_ZOOM_IN, IDB_ZOOM_IN_PRESSED},
 };
 
-HIMAGELIST LoadImages(HINSTANCE module, UINT bitmap, int width) {
-    return ImageList_LoadImage(module, MAKEINTRESOURCEW(bitmap), width, 0, kTransparentColor, IMAGE_BITMAP, 0);
+// In the display's own colours: a list that is loaded in one call may make do with sixteen.
+HIMAGELIST LoadImages(HINSTANCE module, const ButtonLayout& button, UINT id) {
+    const HIMAGELIST images = ImageList_Create(button.width, button.height, ILC_COLORDDB | ILC_MASK, 1, 0);
+    const HBITMAP bitmap = LoadBitmapW(module, MAKEINTRESOURCEW(id));
+    if (images != nullptr && bitmap != nullptr) ImageList_AddMasked(images, bitmap, kTransparentColor);
+    if (bitmap != nullptr) DeleteObject(bitmap);
+    return images;
 }
 
 }  // namespace
@@ -36,8 +41,8 @@ void CScreenButtons::Load(HINSTANCE module) {
     m_background = CreateCompatibleDC(nullptr);
     if (m_backgroundBitmap != nullptr) m_previousBitmap = SelectObject(m_background, m_backgroundBitmap);
     for (int i = 0; i < kButtons; ++i) {
-        m_normal[i] = LoadImages(module, kLayout[i].normal, kLayout[i].width);
-        m_pressed[i] = LoadImages(module, kLayout[i].pressed, kLayout[i].width);
+        m_normal[i] = LoadImages(module, kLayout[i], kLayout[i].normal);
+        m_pressed[i] = LoadImages(module, kLayout[i], kLayout[i].pressed);
     }
 }
 

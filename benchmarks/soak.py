@@ -14,7 +14,7 @@ import time
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 sys.path[:0] = [str(ROOT / "tests" / "support"), str(ROOT / "tools")]
 
-from camera_session import camera  # noqa: E402
+from camera_window import camera  # noqa: E402
 from processes import session_processes  # noqa: E402
 from wine_session import wine_session  # noqa: E402
 

@@ -13,13 +13,15 @@ void ShowCaptureMessage(CaptureMessage message);
 // Greys or enables Play, Menu..., About..., Still and Video.
 void EnableCaptureMenus(bool enabled);
 
-// Starts the thread that clears the flag this many milliseconds after now; a later call moves the moment on.
+// Starts the thread that clears the flag this many milliseconds after now, and the call that makes it end
+// early without touching the flag.
 void StartReviewTimer(std::atomic<bool>& showing, uint32_t milliseconds);
+void StopReviewTimer();
 
 // Reads a whole file; false when it is missing, empty of bytes to read or larger than the room.
 bool ReadReviewFile(const std::wstring& path, uint8_t* room, uint32_t capacity, uint32_t& bytes);
 
-// Has the live view painted.
+// Has the live view painted in its turn, frames or no frames.
 void PaintLiveView();
 
 // The program's module handle, in the 32 bits that the driver's request has for it.

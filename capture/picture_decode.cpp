@@ -5,5 +5,6 @@ uint32_t DecodePicture(DecoderContext& decoder, const uint8_t* jpeg, uint32_t by
     decoder.cursors.inputCursor = jpeg;
     decoder.cursors.inputRemaining = bytes;
     decoder.cursors.outputCursor = image.pixels;
+    image.mode = mode;
     return decode(mode, decoder, 0);
 }

@@ -4,6 +4,8 @@
 #include "platform/ce.h"
 #include "settings/counters.h"
 
+// After the numbers began anew the one before is 0, which names no picture: the last one then stays in the store.
+// (ReviewOfTheLastNumber.DeletingGoesToNumberZero)
 void DeleteLastPicture(CameraSettings& settings, const Profile& profile, ScreenState& screen) {
     const int32_t number = PreviousNumber(settings.jpgNo);
     DeleteFileW(PicturePath(settings, number).c_str());

@@ -1,5 +1,7 @@
 #include "capture/still_capture.h"
 
+#include <algorithm>
+
 #include "capture/capture_effects.h"
 #include "capture/file_names.h"
 #include "capture/picture_decode.h"
@@ -13,6 +15,11 @@ namespace {
 constexpr uint32_t kReviewUnit = 2000;  // milliseconds of review per step of the setting
 constexpr uint32_t kPauseSmall = 100;   // milliseconds after a reviewed picture of the small modes
 constexpr uint32_t kPauseOther = 25;
+
+// A setting below 0 lasts no time, one beyond counting the longest that can be counted.
+constexpr uint32_t ReviewMilliseconds(int32_t instantReview) {
+    return std::min<uint32_t>(std::max(instantReview, 0), UINT32_MAX / kReviewUnit) * kReviewUnit;
+}
 
 constexpr bool IsSmallMode(uint8_t mode) { return mode == 4 || mode == 8 || mode == 17; }
 
@@ -28,11 +35,12 @@ void Review(StillCapture& capture, const std::wstring& path, uint8_t stillMode) 
         PauseMilliseconds(kPauseOther);
         return;
     }
+    // A file that cannot be shown leaves the last live picture standing for the same time.
+    // (StillCaptureTest.AMissingReviewFileStillRunsTheReview)
     capture.screen.reviewShowing = true;
     LoadReviewPicture(capture, path, capture.screen.scaleCode);
     PauseMilliseconds(IsSmallMode(stillMode) ? kPauseSmall : kPauseOther);
-    StartReviewTimer(capture.screen.reviewShowing,
-                     static_cast<uint32_t>(capture.settings.instantReview) * kReviewUnit);
+    StartReviewTimer(capture.screen.reviewShowing, ReviewMilliseconds(capture.settings.instantReview));
 }
 
 }  // namespace
@@ -49,10 +57,13 @@ uint32_t TakeSnapshot(StillCapture& capture, int32_t resolution) {
         ShowCaptureMessage(CaptureMessage::pathTooLong);
         return 0;
     }
+    StopReviewTimer();
     capture.screen.reviewShowing = false;
     capture.screen.captureInProgress = true;
     EnableCaptureMenus(false);
     StopPreview(capture.device);
+    // The number is used up although the card may have refused: gaps are better than a name given twice.
+    // (CaptureNumber.AdvancesThoughTheCardRefuses)
     CaptureStill(capture.device, request);
     StorePictureNumber(capture.settings, capture.profile, NextNumber(capture.settings.jpgNo));
     ++capture.screen.picturesTaken;

@@ -1,13 +1,25 @@
 #include "capture/store_space.h"
 
-#include <cmath>
+#include <algorithm>
 
 namespace {
 
 constexpr uint32_t kPictureReserve = 2097152;  // bytes never given to pictures
 constexpr uint32_t kVideoReserve = 0x400001;   // at or below: no movie
 
+// Stops growing where any quotient of two such numbers is beyond all counting.
+constexpr uint64_t Doubled(uint64_t bytes, int64_t times) {
+    for (; times > 0 && bytes >> 62 == 0; --times) bytes *= 2;
+    return bytes;
+}
+
 }  // namespace
+
+uint32_t FreeBytes(StoreRoom& room) {
+    if (!room.asked && !FreeStoreBytes(room.freeBytes)) room.freeBytes = 0;
+    room.asked = true;
+    return room.freeBytes;
+}
 
 uint32_t PictureEstimate(const CameraSettings& settings, const ScreenState& screen) {
     static constexpr uint32_t kUnzoomed[] = {80, 75, 50, 16};
@@ -19,14 +31,14 @@ uint32_t PictureEstimate(const CameraSettings& settings, const ScreenState& scre
     return resolution < 4 ? kUnzoomed[resolution] : 0;
 }
 
+// Whole numbers throughout: the processor has no floating point, and no quality or free room makes them wrap.
+// Each step of quality doubles a picture's size; steps below 0 halve it.
 uint32_t PicturesIn(uint32_t freeBytes, const CameraSettings& settings, const ScreenState& screen) {
-    if (freeBytes <= kPictureReserve) return 0;
-    // A size outside the table counts as large as all the free room, so nothing fits.
-    const uint32_t listed = PictureEstimate(settings, screen);
-    const double kilobytes = listed != 0 ? listed : freeBytes;
-    const double pictures = (freeBytes - kPictureReserve) / (kilobytes * 1024 * std::ldexp(1.0, settings.imageQuality));
-    constexpr double kMost = 4294967295.0;
-    return pictures < kMost ? static_cast<uint32_t>(pictures) : UINT32_MAX;
+    const uint32_t kilobytes = PictureEstimate(settings, screen);
+    if (freeBytes <= kPictureReserve || kilobytes == 0) return 0;
+    const uint64_t room = Doubled(freeBytes - kPictureReserve, -int64_t{settings.imageQuality});
+    const uint64_t picture = Doubled(uint64_t{kilobytes} * 1024, settings.imageQuality);
+    return static_cast<uint32_t>(std::min<uint64_t>(room / picture, UINT32_MAX));
 }
 
 uint32_t PicturesLeft(const CameraSettings& settings, const ScreenState& screen) {

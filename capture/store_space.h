@@ -9,6 +9,15 @@
 // cannot be asked.  Two bodies: store_space_ce.cpp and the tests' fake.
 bool FreeStoreBytes(uint32_t& bytes);
 
+// One answer of the store, kept for as long as `asked` says so.
+struct StoreRoom {
+    bool asked = false;
+    uint32_t freeBytes = 0;
+};
+
+// The kept answer, or the store's; 0 when it cannot be asked.
+uint32_t FreeBytes(StoreRoom& room);
+
 // Kilobytes a picture takes before the quality factor; 0 when resolution or selector lie outside the table.
 uint32_t PictureEstimate(const CameraSettings& settings, const ScreenState& screen);
 

@@ -9,4 +9,4 @@ inline constexpr size_t kPreviewHeaderBytes = 170;
 using PreviewHeader = std::array<uint8_t, kPreviewHeaderBytes>;
 
 // Template 1: 320 x 240, 4:4:4.  2: 320 x 240, 4:2:0.  3: 160 x 120, 4:4:4.  Null for any other number.
-const PreviewHeader* previewHeader(int32_t number);
+const PreviewHeader* FindPreviewHeader(int32_t number);

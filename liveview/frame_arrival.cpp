@@ -20,6 +20,7 @@ void SetFeedback(CameraDevice& device, const uint8_t* statistics) {
 
 FrameOutcome ReceiveFrame(LiveView& view) {
     FrameOutcome outcome;
+    view.room.asked = false;
     const uint32_t length = ReadFrame(view.device, view.frame.scan);
     if (IsReviewing(view)) {  // the card keeps draining, the review picture stays
         outcome.repaint = true;
@@ -30,7 +31,7 @@ FrameOutcome ReceiveFrame(LiveView& view) {
     const uint32_t bytes = length + kPreviewHeaderBytes;
     outcome.repaint = DecodePicture(view.decoder, jpeg, bytes, view.screen.scaleCode, view.image) == 0;
     SetFeedback(view.device, outcome.repaint ? view.decoder.frameStats : nullptr);
-    outcome.stopRecording =
-        FeedMovie(view.recording, view.settings, view.screen, jpeg, bytes) == FeedResult::stopRequested;
+    outcome.stopRecording = FeedMovie(view.recording, view.room, view.settings, view.screen, jpeg, bytes) ==
+                            FeedResult::stopRequested;
     return outcome;
 }

@@ -5,6 +5,7 @@
 #include "app/screen_state.h"
 #include "capture/decoded_image.h"
 #include "capture/recording_state.h"
+#include "capture/store_space.h"
 #include "device/camera_device.h"
 #include "device/frame_buffer.h"
 #include "framework/profile.h"
@@ -21,6 +22,7 @@ struct LiveView {
     DecoderContext& decoder;
     DecodedImage& image;
     RecordingState& recording;
+    StoreRoom room = {};  // asked once for each frame, by the movie or by the paint
 };
 
 struct FrameOutcome {

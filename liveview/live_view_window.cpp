@@ -24,7 +24,9 @@ constexpr RECT kHintBounds = {0, 141, 240, 161};
 constexpr RECT kResolutionBounds = {4, 160, 136, 180};
 constexpr RECT kRateBounds = {120, 141, 236, 161};
 
-constexpr RECT kSmallPicture = {kSmallLeft, kSmallTop, 201, 153};  // where a tap means the small picture, borders in
+// Where a tap means the picture at the small video size, borders in.  It is the live picture's place, although the
+// picture under review covers the whole canvas: a tap near its edge does nothing.  (Review.TheTapMustLieOnThePicture)
+constexpr RECT kSmallPicture = {kSmallLeft, kSmallTop, 201, 153};
 
 HFONT CreateReadoutFont() {
     LOGFONTW font = {};
@@ -118,13 +120,15 @@ void CLiveViewWindow::Compose(CCanvas& canvas) {
     wsprintfW(resolution, L"%s", ResolutionText(m_view.settings, m_view.screen));
     canvas.DrawReadout(resolution, kResolutionBounds, DT_LEFT | DT_NOPREFIX, kWhite, m_font);
     DrawFrameRate(canvas);
+    m_view.room.asked = false;
 }
 
-// Under review the layout is the other one, so the decoded picture has to be fitted to it.
+// Under review the layout is the other one, so the decoded picture has to be fitted to it.  So has one that
+// was decoded before the video size changed.
 void CLiveViewWindow::DrawPicture(CCanvas& canvas) const {
     const bool review = m_view.screen.reviewShowing;
     const bool large = IsLargeLayout(m_view.settings.aviResolution, review);
-    const bool decodedLarge = m_view.screen.scaleCode == kScaleLarge;
+    const bool decodedLarge = m_view.image.mode != kScaleSmall;
     static constexpr PictureSource kLarge = {nullptr, kCanvasWidth, kCanvasHeight};
     static constexpr PictureSource kSmall = {nullptr, kSmallWidth, kSmallHeight};
     PictureSource picture = decodedLarge ? kLarge : kSmall;
@@ -151,10 +155,11 @@ void CLiveViewWindow::DrawOverlays(CCanvas& canvas) const {
             canvas.DrawOverlay(*overlay, plan.items[i].x, plan.items[i].y);
 }
 
-void CLiveViewWindow::DrawCount(CCanvas& canvas) const {
+void CLiveViewWindow::DrawCount(CCanvas& canvas) {
     const bool still = m_view.screen.mode == CaptureMode::still;
-    const uint32_t count = still ? PicturesLeft(m_view.settings, m_view.screen)
-                                 : VideoSecondsLeft(m_view.settings.aviResolution);
+    const uint32_t freeBytes = FreeBytes(m_view.room);
+    const uint32_t count = still ? PicturesIn(freeBytes, m_view.settings, m_view.screen)
+                                 : VideoSecondsIn(freeBytes, m_view.settings.aviResolution);
     wchar_t text[16];
     wsprintfW(text, L"%d", static_cast<int>(count));
     canvas.DrawReadout(text, kCountBounds, DT_RIGHT | DT_NOPREFIX, still && count < kFewPictures ? kRed : kWhite, m_font);

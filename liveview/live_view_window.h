@@ -37,7 +37,7 @@ class CLiveViewWindow : public CWindow {
     void Compose(CCanvas& canvas);
     void DrawPicture(CCanvas& canvas) const;
     void DrawOverlays(CCanvas& canvas) const;
-    void DrawCount(CCanvas& canvas) const;
+    void DrawCount(CCanvas& canvas);
     void DrawFrameRate(CCanvas& canvas);
 
     LiveView& m_view;

@@ -1,15 +1,13 @@
 #include "liveview/movie_feed.h"
 
-#include "capture/store_space.h"
-
 namespace {
 
 constexpr uint32_t kLeastLargeFrame = 2048;  // a 320x240 frame below this holds no picture worth keeping
 
 }  // namespace
 
-FeedResult FeedMovie(RecordingState& recording, const CameraSettings& settings, const ScreenState& screen,
-                     const uint8_t* frame, uint32_t bytes) {
+FeedResult FeedMovie(RecordingState& recording, StoreRoom& room, const CameraSettings& settings,
+                     const ScreenState& screen, const uint8_t* frame, uint32_t bytes) {
     if (settings.aviResolution == 0 && bytes < kLeastLargeFrame) return FeedResult::nothing;
     FeedResult result = FeedResult::nothing;
     uint32_t aborted = 1;
@@ -19,8 +17,9 @@ FeedResult FeedMovie(RecordingState& recording, const CameraSettings& settings, 
     } else if (aborted == 0) {
         recording.feedingOpen = true;
     }
-    if (!recording.feedingOpen || screen.mode != CaptureMode::video || recording.movieQueue == nullptr) return result;
-    if (VideoSecondsLeft(settings.aviResolution) == 0) {
+    if (!recording.feedingOpen || screen.mode != CaptureMode::video || recording.movieQueue == nullptr)
+        return result;
+    if (VideoSecondsIn(FreeBytes(room), settings.aviResolution) == 0) {
         recording.recording = true;  // so that the toggle that follows stops, whatever the state was
         return FeedResult::stopRequested;
     }

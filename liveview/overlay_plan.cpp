@@ -1,10 +1,13 @@
 #include "liveview/overlay_plan.h"
 
-#include "resources/resource.h"
+#include "liveview/overlay_ids.h"
 
 namespace {
 
-constexpr uint32_t kRecordingPhases = 3;
+// Values outside the family show nothing.
+void AddMember(OverlayPlan& plan, const OverlayFamily& family, int32_t value, int x, int y) {
+    if (family.Has(value)) plan.Add(family.Id(value), x, y);
+}
 
 void AddFraming(OverlayPlan& plan, const CameraSettings& settings, const ScreenState& screen) {
     if (screen.mode == CaptureMode::video || settings.businessCard == 0)
@@ -15,11 +18,11 @@ void AddFraming(OverlayPlan& plan, const CameraSettings& settings, const ScreenS
         plan.Add(IDB_CARD_FRAME_LARGE, 17, 26);
 }
 
-// Icons of the top row.  Values outside the tables show none.
+// Icons of the top row.
 void AddSettingIcons(OverlayPlan& plan, const CameraSettings& settings, const ScreenState& screen) {
     plan.Add(screen.mode == CaptureMode::video ? IDB_MODE_VIDEO : IDB_MODE_STILL, 23, 0);
-    if (settings.awb >= 1 && settings.awb <= 3) plan.Add(IDB_WHITE_BALANCE + settings.awb, 46, 0);
-    if (settings.color == 1 || settings.color == 2) plan.Add(IDB_COLOR + settings.color, 69, 0);
+    AddMember(plan, kWhiteBalanceIcons, settings.awb, 46, 0);
+    AddMember(plan, kColorIcons, settings.color, 69, 0);
     plan.Add(IDB_MEMORY_CARD, 190, 18);
 }
 
@@ -39,14 +42,15 @@ void AddRecording(OverlayPlan& plan, const ScreenState& screen, RecordingState& 
     uint32_t bitmap = IDB_RECORDING_IDLE;
     if (recording.recording) {
         bitmap = IDB_RECORDING + recording.indicatorPhase;
-        recording.indicatorPhase = (recording.indicatorPhase + 1) % kRecordingPhases;
+        recording.indicatorPhase = (recording.indicatorPhase + 1) % kRecordingPhases.Size();
     }
     plan.Add(bitmap, 2, 40);
 }
 
 }  // namespace
 
-OverlayPlan PlanOverlays(const CameraSettings& settings, const ScreenState& screen, RecordingState& recording) {
+OverlayPlan PlanOverlays(const CameraSettings& settings, const ScreenState& screen,
+                         RecordingState& recording) {
     OverlayPlan plan;
     AddFraming(plan, settings, screen);
     AddSettingIcons(plan, settings, screen);

@@ -75,7 +75,29 @@ bool CAboutDlg::OnInitDialog() {
     FillVersions(Control(IDC_ABOUT_VERSIONS));
     m_time = AboutTimeText(Now());
     UpdateControls();
+    AlignTime();
     return true;
+}
+
+// The text begins with blanks, as wide as the font has them: its first word is to stand below the product's name.
+// The blanks may lie behind the picture.
+void CAboutDlg::AlignTime() {
+    const HWND time = Control(IDC_ABOUT_TIME);
+    const auto font = reinterpret_cast<HGDIOBJ>(SendMessageW(time, WM_GETFONT, 0, 0));
+    RECT blanks = {};
+    const HDC screen = GetDC(time);
+    const HGDIOBJ previous = SelectObject(screen, font != nullptr ? font : GetStockObject(SYSTEM_FONT));
+    DrawTextW(screen, kAboutTimeBlanks, -1, &blanks, DT_CALCRECT | DT_SINGLELINE | DT_NOPREFIX);
+    SelectObject(screen, previous);
+    ReleaseDC(time, screen);
+
+    RECT title, place;
+    GetWindowRect(Control(IDC_ABOUT_TITLE), &title);
+    GetWindowRect(time, &place);
+    place.left = title.left - blanks.right;
+    MapWindowPoints(nullptr, Hwnd(), reinterpret_cast<POINT*>(&place), 2);
+    SetWindowPos(time, HWND_BOTTOM, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                 SWP_NOACTIVATE);
 }
 
 void CAboutDlg::FillVersions(HWND list) {

@@ -19,6 +19,7 @@ class CAboutDlg : public CDialog {
     Then OnHelp();
     void OnDestroy();
     void FillVersions(HWND list);
+    void AlignTime();
 
     const TextLookup& m_texts;
     CameraDevice& m_device;

@@ -18,7 +18,7 @@ std::wstring Digits(unsigned number, std::size_t atLeast) {
 }  // namespace
 
 std::wstring AboutTimeText(const UtcTime& time) {
-    return std::wstring(L"    ") + kWeekdays[time.weekday] + L" " + kMonths[time.month - 1] + L" " +
+    return std::wstring(kAboutTimeBlanks) + kWeekdays[time.weekday] + L" " + kMonths[time.month - 1] + L" " +
            Digits(time.day, 2) + L" " + Digits(time.hour, 2) + L":" + Digits(time.minute, 2) + L":" +
            Digits(time.second, 2) + L" " + Digits(time.year, 4);
 }

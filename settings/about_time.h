@@ -11,5 +11,7 @@ struct UtcTime {
     unsigned hour, minute, second;
 };
 
+inline constexpr wchar_t kAboutTimeBlanks[] = L"    ";
+
 // "    Tue Mar 05 07:08:09 2002": four blanks first, English names in every language.
 std::wstring AboutTimeText(const UtcTime& time);

@@ -1,157 +1,106 @@
-"""The scripted session: drives the camera from outside with clicks and keys, and keeps what it makes in out/."""
+"""The scripted session: works the camera with clicks and keys, and keeps what it makes in out/."""
 
-import contextlib
-import pathlib
 import shutil
-import subprocess
-import time
 
-ROOT = pathlib.Path(__file__).resolve().parents[1]
+from camera_window import BACK_TO_CAMERA, CAMERA, FILE_MENU, MENU, PICTURE, PLAY, ROOT, SHUTTER, VIEWER, ZOOM_IN, camera
+
 OUT = ROOT / "out"
-PROGRAM = ROOT / "build" / "desktop" / "zelcamera.exe"
 
-READ_FRAME = "0x80000013"
-
-# Places on the 240 x 320 screen.
-FILE_MENU = (16, 307)
-MODE_MENU = (60, 307)
-ZOOM_IN = (143, 230)
-ZOOM_OUT = (107, 230)
-SHUTTER = (198, 250)
-PICTURE = (120, 116)
-
-LANGUAGES = [("english", 1033), ("german", 1031), ("french", 1036), ("italian", 1040), ("portuguese", 1046),
-             ("spanish", 3082), ("korean", 1042), ("chinese-simplified", 2052), ("chinese-traditional", 1028)]
+# One still each: name, zoom level, settings.  The live view is large (aviresolution 0) or small (1).
+STILLS = [
+    ("large-colour", 0, {"aviresolution": "0", "resolution": "0", "imagequality": "2"}),
+    ("large-sepia-tungsten", 1, {"aviresolution": "0", "resolution": "1", "awb": "3", "color": "2"}),
+    ("small-grey-daylight", 2, {"aviresolution": "1", "resolution": "2", "awb": "1", "color": "1"}),
+]
 
 
-class Camera:
-    """The running program, seen and touched as a person would."""
+class Session:
+    """What was made so far, numbered in the order of the story."""
 
-    def __init__(self, wine, environment, settings):
-        self.wine = wine
-        self.environment = wine.environment
-        self.log = wine.scratch / "card.log"
-        self.log.unlink(missing_ok=True)
-        wine.run(["reg", "delete", r"HKCU\Software\Zel", "/f"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        for name, value in settings.items():
-            wine.run(["reg", "add", r"HKCU\Software\Zel\Setting", "/v", name, "/t", "REG_DWORD", "/d", value, "/f"],
-                     stdout=subprocess.DEVNULL, check=True)
-        self.process = wine.start([PROGRAM], env={**environment, "HANDHELD_LOG": str(self.log)})
-        self.window = self._wait(self._find_window, "the camera's window")
-        self.wait_frames(8)
+    def __init__(self, wine, environment):
+        self.wine, self.environment, self.made = wine, environment, []
 
-    def _x(self, *command):
-        return subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-                              text=True).stdout
+    def stills(self):
+        return sorted((OUT / "store").rglob("*.jpg"))
 
-    def _find_window(self):
-        # The screen is the program's largest window; helpers of one pixel may exist beside it.
-        for window in self._x("xdotool", "search", "--onlyvisible", "--class", "zelcamera.exe").split():
-            x, y, width, height = self._geometry(window)
-            if width >= 240 and height >= 320:
-                return window
-        return None
+    def camera(self, **settings):
+        """A camera with a fresh profile that goes on with the numbers of the pictures."""
+        return camera(self.wine, self.environment, jpgno=str(len(self.stills()) + 1), **settings)
 
-    def _geometry(self, window):
-        values = dict(line.split("=") for line in
-                      self._x("xdotool", "getwindowgeometry", "--shell", window).split() if "=" in line)
-        return tuple(int(values.get(name, 0)) for name in ("X", "Y", "WIDTH", "HEIGHT"))
-
-    @staticmethod
-    def _wait(condition, what, limit=60.0):
-        end = time.monotonic() + limit
-        while time.monotonic() < end:
-            if result := condition():
-                return result
-            time.sleep(0.05)
-        raise RuntimeError(f"{what} did not come within {limit:.0f} s")
-
-    def frames(self):
-        return self.log.read_text(errors="replace").count(READ_FRAME) if self.log.exists() else 0
-
-    def wait_frames(self, count):
-        """Waits until the camera has read this many more frames."""
-        goal = self.frames() + count
-        self._wait(lambda: self.frames() >= goal, "live picture")
-
-    def click(self, place):
-        x, y, _, _ = self._geometry(self.window)
-        self._x("xdotool", "mousemove", str(x + place[0]), str(y + place[1]))
-        time.sleep(0.05)
-        self._x("xdotool", "click", "1")
-        time.sleep(0.3)
-
-    def key(self, name):
-        self._x("xdotool", "key", name)
-        time.sleep(0.3)
-
-    def picture(self, name):
-        """Keeps a picture of the 240 x 320 screen."""
-        x, y, width, height = self._geometry(self.window)
-        path = OUT / f"{name}.png"
-        self._x("import", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}", "+repage", str(path))
-        return path
-
-    def close(self):
-        if self.process.poll() is None:
-            self.click(FILE_MENU)
-            self.key("Up")  # Exit is the last item
-            self.key("Return")
-        try:
-            self.process.wait(timeout=20)
-        except subprocess.TimeoutExpired:
-            self.process.kill()
-            self.process.wait()
+    def keep(self, running, name):
+        self.made.append(running.picture(OUT / f"{len(self.made) + 1:02}-{name}.png"))
 
 
-@contextlib.contextmanager
-def camera(wine, environment, **settings):
-    running = Camera(wine, environment, settings)
-    try:
-        yield running
-    finally:
-        running.close()
+def take_stills(session):
+    for name, zoom, settings in STILLS:
+        with session.camera(**settings, **{"instant review": "2"}) as running:
+            for _ in range(zoom):
+                running.click(ZOOM_IN)
+            running.wait_frames(4)
+            session.keep(running, f"live-{name}-zoom{zoom}")
+            running.take()
+            running.wait_frames(4)
+            session.keep(running, f"review-{name}-zoom{zoom}")
+
+
+def count_down(session):
+    with session.camera(aviresolution="0", selftime="1", **{"instant review": "1", "business card": "1"}) as running:
+        session.keep(running, "self-timer-waiting")
+        before = len(running.stills())
+        running.click(SHUTTER)
+        running.wait_frames(15)
+        session.keep(running, "self-timer-counting")
+        running.wait(lambda: len(running.stills()) > before, "the self-timer's picture")
+        running.wait_frames(3)
+        session.keep(running, "self-timer-review")
+
+
+def delete_in_review(session):
+    with session.camera(aviresolution="0", **{"instant review": "3"}) as running:
+        running.take()
+        running.wait_frames(4)
+        taken = set(running.stills())
+        running.click(PICTURE)
+        session.keep(running, "review-delete")
+        running.key("Return")
+        running.wait(lambda: set(running.stills()) < taken, "the picture's end")
+        running.wait_frames(4)
+        session.keep(running, "review-deleted")
+
+
+def play_and_back(session):
+    with session.camera(aviresolution="0", **{"instant review": "0"}) as running:
+        running.take()
+        running.click(PLAY)
+        running.look_at(VIEWER)
+        running.click(PICTURE)  # the viewer is ready when it answers; a tap changes nothing
+        session.keep(running, "viewer")
+        running.click(BACK_TO_CAMERA)
+        running.look_at(CAMERA)
+        running.wait_frames(8)
+        session.keep(running, "back-from-the-viewer")
+
+
+def menus_and_dialogs(session):
+    with session.camera(aviresolution="0") as running:
+        running.click(FILE_MENU)
+        session.keep(running, "menu-file")
+        running.key("Escape")
+        running.choose(FILE_MENU, "Down", "Down", "Down")
+        session.keep(running, "about")
+        running.key("Escape")
+        running.wait_frames(4)
+        running.click(MENU)
+        session.keep(running, "settings")
+        running.key("Escape")
+        running.wait_frames(4)
 
 
 def play_session(wine, chosen):
     shutil.rmtree(OUT, ignore_errors=True)
-    OUT.mkdir()
-    environment = {"HANDHELD_ROOT": str(OUT / "store"), "HANDHELD_LCID": "1033", **chosen}
-    made = []
-
-    def keep(running, name):
-        made.append(running.picture(name))
-
-    with camera(wine, environment, aviresolution="0", **{"instant review": "1"}) as running:
-        for zoom in range(3):
-            keep(running, f"live-320x240-zoom{zoom}")
-            running.click(SHUTTER)
-            running.wait_frames(8)
-            keep(running, f"review-zoom{zoom}")
-            running.wait_frames(30)  # the review lasts two seconds
-            running.click(ZOOM_IN)
-            running.wait_frames(4)
-        running.click(SHUTTER)
-        running.wait_frames(8)
-        running.click(PICTURE)
-        keep(running, "delete-picture")
-        running.key("Return")
-    with camera(wine, environment, aviresolution="0", selftime="1", awb="2") as running:
-        running.click(SHUTTER)
-        running.wait_frames(20)
-        keep(running, "self-timer")
-        running.wait_frames(60)
-    with camera(wine, environment, aviresolution="1", awb="1", color="2") as running:
-        keep(running, "live-160x120-sepia")
-    for name, lcid in LANGUAGES:
-        with camera(wine, {**environment, "HANDHELD_LCID": str(lcid)}, aviresolution="0") as running:
-            running.click(FILE_MENU)
-            keep(running, f"menu-file-{name}")
-            running.key("Escape")
-            running.click(MODE_MENU)
-            keep(running, f"menu-mode-{name}")
-            running.key("Escape")
-    made += sorted((OUT / "store").rglob("*.jpg"))
-    for path in made:
+    session = Session(wine, {"HANDHELD_ROOT": str(OUT / "store"), "HANDHELD_LCID": "1033", **chosen})
+    for scene in (take_stills, count_down, delete_in_review, play_and_back, menus_and_dialogs):
+        scene(session)
+    for path in session.made + session.stills():
         print(path.relative_to(ROOT))
     return 0

@@ -16,6 +16,7 @@ sys.path.insert(0, str(ROOT / "tests" / "support"))
 sys.path.insert(0, str(ROOT / "tools"))
 
 from camera_session import play_session  # noqa: E402
+from language_walk import walk_languages  # noqa: E402
 from wine_session import wine_session  # noqa: E402
 
 HOME = pathlib.Path(os.environ.get("XDG_DATA_HOME", pathlib.Path.home() / ".local" / "share")) / "zel-camera"
@@ -43,6 +44,11 @@ The handheld's keys, on the PC keyboard and on the key pad below the screen:
 A key of the pad is down for as long as the mouse button is.  A click on the card pulls it out of its slot, another
 puts it back; a card that stays out for a second or two ends the camera.  Beside them F10 opens the menu bar,
 Escape closes a dialog and Shift+F1 opens the help.
+
+The viewer and the help page have keys of their own:
+  viewer  Left and Right step through the pictures, Up and Down zoom, Enter switches between the whole picture and
+          its full size or pauses a movie, Escape goes back to the camera
+  help    the arrow and page keys move, Tab and Enter follow a link, Backspace goes back, Escape closes it
 """
 
 
@@ -70,6 +76,8 @@ def parse():
     parser.add_argument("--no-keypad", action="store_true", help="only the screen, without the key pad below it "
                         "(HANDHELD_KEYPAD=off)")
     parser.add_argument("--session", action="store_true", help="play the scripted session although there is a display")
+    parser.add_argument("--languages", action="store_true",
+                        help="walk through every screen in all nine languages instead; pictures in out/languages")
     return parser.parse_args()
 
 
@@ -91,9 +99,9 @@ def main():
     options = parse()
     build()
     chosen = environment_of(options)
-    if options.session or not has_display():
+    if options.languages or options.session or not has_display():
         with wine_session() as wine:
-            return play_session(wine, chosen)
+            return walk_languages(wine, chosen) if options.languages else play_session(wine, chosen)
     chosen.setdefault("HANDHELD_ROOT", str(HOME / "store"))
     chosen["HANDHELD_KEYPAD"] = "off" if options.no_keypad else "on"
     with wine_session(prefix=HOME / "wine", display=os.environ["DISPLAY"]) as wine:

@@ -61,7 +61,7 @@ bool parseJob(const Arguments& arguments, Job& job) {
     size_t at = 0;
     if (!arguments.empty() && arguments[0] == "--frame") {
         if (arguments.size() < 2 || !parseNumber(arguments[1], job.templateNumber) ||
-            previewHeader(job.templateNumber) == nullptr) {
+            FindPreviewHeader(job.templateNumber) == nullptr) {
             return fail("--frame needs a template number: 1, 2 or 3");
         }
         at = 2;
@@ -100,7 +100,7 @@ bool writeFile(const std::string& path, const uint8_t* bytes, size_t count) {
 // Every picture starts from a fresh context, so a batch gives what single calls give.
 bool run(const Job& job) {
     std::vector<uint8_t> stream;
-    if (const PreviewHeader* header = previewHeader(job.templateNumber)) {
+    if (const PreviewHeader* header = FindPreviewHeader(job.templateNumber)) {
         stream.assign(header->begin(), header->end());
     }
     if (!readFile(job.input, stream)) return false;

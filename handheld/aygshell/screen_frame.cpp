@@ -10,7 +10,7 @@ namespace {
 
 constexpr RECT kStrip = {0, 0, kScreenWidth, kBarHeight};
 constexpr int kTitleMargin = 6;
-constexpr int kClockWidth = 40;
+constexpr int kClockWidth = 46;
 constexpr int kButtonLeft = 217;  // the round button's box in the title bar
 constexpr int kButtonTop = 4;
 constexpr int kButtonSize = 18;

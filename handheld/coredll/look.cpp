@@ -60,7 +60,8 @@ HFONT CreateShellFont(LCID locale, int pixels, bool bold) {
             (script.sublanguage != SUBLANG_NEUTRAL && SUBLANGID(language) != script.sublanguage))
             continue;
         for (const wchar_t* face : script.faces) {
-            HFONT font = CreateFace(face, script.charset, pixels + 1, bold);  // and they need the room
+            // They need the room; and their thin strokes, smoothed, are too pale to read unless they are bold.
+            HFONT font = CreateFace(face, script.charset, pixels + 1, true);
             if (HasCharacter(font, script.sample)) return font;
             DeleteObject(font);
         }

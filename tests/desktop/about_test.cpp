@@ -5,10 +5,14 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <cwchar>
 
 #include "desktop/camera_process.h"
 #include "desktop/list_view.h"
+#include "desktop/program_bitmap.h"
+#include "desktop/screen_picture.h"
 
 namespace {
 
@@ -195,6 +199,47 @@ TEST_P(AboutInLanguage, EveryTextFitsItsColumn) {
             EXPECT_LE(ListTextWidth(about.list, cell), room) << row;
         }
     }
+}
+
+// Wherever a font's blanks end; letters keep a pixel or two of distance to their left.
+TEST_P(AboutInLanguage, TheTimeStandsBelowTheProductsName) {
+    constexpr int kSideBearing = 2, kMargin = 4;  // further left the picture may show
+    OpenAbout about({{{L"HANDHELD_LCID", GetParam()}}, {}, "", {}});
+    RECT title;
+    GetWindowRect(GetDlgItem(about.dialog, kTitle), &title);
+    const auto inkOf = [&](int id) {
+        RECT place;
+        GetWindowRect(GetDlgItem(about.dialog, id), &place);
+        const ScreenPicture label(GetDlgItem(about.dialog, id));
+        for (int x = std::max<int>(0, title.left - kMargin - place.left); x < label.Width(); ++x)
+            for (int y = 0; y < label.Height(); ++y)
+                if (GetGValue(label.At(x, y)) < 128) return static_cast<int>(place.left) + x;
+        return -1;
+    };
+    // What stood there before the dialog was painted is ink, too.
+    EXPECT_TRUE(WaitFor([&] { return inkOf(kTitle) >= 0 && std::abs(inkOf(kTime) - inkOf(kTitle)) <= kSideBearing; }, 5000))
+        << inkOf(kTime) << " and " << inkOf(kTitle);
+}
+
+TEST_P(AboutInLanguage, ThePictureIsWhole) {
+    constexpr unsigned kPicture = 240;
+    OpenAbout about({{{L"HANDHELD_LCID", GetParam()}}, {}, "", {}});
+    const PixelPicture picture = ProgramBitmap(kPicture);
+    ASSERT_GT(picture.width, 0);
+    HWND control = nullptr;
+    while ((control = FindWindowExW(about.dialog, control, L"STATIC", nullptr)) != nullptr)
+        if ((GetWindowLongW(control, GWL_STYLE) & SS_TYPEMASK) == SS_BITMAP) break;
+    ASSERT_NE(control, nullptr);
+    EXPECT_TRUE(WaitFor([&] {
+        const ScreenPicture shown(control);
+        for (int y = 0; y < std::min(picture.height, shown.Height()); ++y) {
+            for (int x = 0; x < std::min(picture.width, shown.Width()); ++x) {
+                const uint8_t* const pixel = picture.At(x, y);
+                if (shown.At(x, y) != RGB(pixel[2], pixel[1], pixel[0])) return false;
+            }
+        }
+        return true;
+    }, 5000));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, AboutInLanguage,

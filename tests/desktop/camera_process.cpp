@@ -20,22 +20,25 @@ void WriteProfile(const CameraOptions& options) {
                         static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
 }
 
-// The block that CreateProcess wants: this process's variables less its HANDHELD_ ones, and the run's own.
+// The block that CreateProcess wants: this process's variables less its HANDHELD_ ones, and the run's own, which
+// replace those of the same name.
 std::wstring EnvironmentBlock(const std::vector<std::pair<std::wstring, std::wstring>>& variables) {
-    std::wstring block;
-    wchar_t* const inherited = GetEnvironmentStringsW();
-    for (const wchar_t* item = inherited; *item != 0; item += wcslen(item) + 1)
-        if (wcsncmp(item, L"HANDHELD_", 9) != 0) block.append(item).push_back(0);
-    FreeEnvironmentStringsW(inherited);
     std::map<std::wstring, std::wstring> own;
     for (const auto& [name, value] : variables) own[name] = value;
+    std::wstring block;
+    wchar_t* const inherited = GetEnvironmentStringsW();
+    for (const wchar_t* item = inherited; *item != 0; item += wcslen(item) + 1) {
+        const std::wstring name(item, wcscspn(item, L"="));
+        if (name.compare(0, 9, L"HANDHELD_") != 0 && own.count(name) == 0) block.append(item).push_back(0);
+    }
+    FreeEnvironmentStringsW(inherited);
     for (const auto& [name, value] : own) block.append(name).append(L"=").append(value).push_back(0);
     block.push_back(0);
     return block;
 }
 
 struct Search {
-    DWORD process;
+    DWORD process;  // 0: any
     HWND screen, found;
 };
 
@@ -47,7 +50,7 @@ bool BelongsTo(HWND window, DWORD process) {
 
 BOOL CALLBACK FindScreen(HWND window, LPARAM parameter) {
     auto& search = *reinterpret_cast<Search*>(parameter);
-    if (!BelongsTo(window, search.process) || !IsWindowVisible(window)) return TRUE;
+    if ((search.process != 0 && !BelongsTo(window, search.process)) || !IsWindowVisible(window)) return TRUE;
     if (FindWindowExW(window, nullptr, L"ZelCameraVideoWindow", nullptr) == nullptr) return TRUE;
     search.found = window;
     return FALSE;
@@ -77,6 +80,21 @@ bool WaitFor(const std::function<bool()>& condition, DWORD milliseconds) {
         Sleep(10);
     }
     return true;
+}
+
+ProgramCopy::ProgramCopy(const std::vector<std::string>& without)
+    : m_folder(std::filesystem::temp_directory_path() / ("zel-copy-" + std::to_string(GetCurrentProcessId()))) {
+    std::filesystem::create_directories(m_folder);
+    for (const char* name : {"zelcamera.exe", "coredll.dll", "aygshell.dll", "commctrl.dll", "sio.dll",
+                             "Localization.dll", "korvoimgview.exe"})
+        if (std::find(without.begin(), without.end(), name) == without.end())
+            std::filesystem::copy_file(CameraProcess::BuildFolder() / name, m_folder / name,
+                                       std::filesystem::copy_options::overwrite_existing);
+}
+
+ProgramCopy::~ProgramCopy() {
+    std::error_code ignored;
+    std::filesystem::remove_all(m_folder, ignored);
 }
 
 std::filesystem::path CameraProcess::BuildFolder() {
@@ -126,6 +144,15 @@ HWND CameraProcess::Screen() {
         return search.found != nullptr || !IsRunning();
     });
     return m_screen = search.found;
+}
+
+HWND CameraProcess::ScreenOfAny() {
+    Search search = {};
+    WaitFor([&] {
+        EnumWindows(FindScreen, reinterpret_cast<LPARAM>(&search));
+        return search.found != nullptr;
+    });
+    return search.found;
 }
 
 HWND CameraProcess::LiveView() const { return FindWindowExW(m_screen, nullptr, L"ZelCameraVideoWindow", nullptr); }

@@ -29,6 +29,8 @@ class CameraProcess {
     // The camera screen; waits for it to show live frames first.  Null when it does not come.
     HWND Screen();
     HWND LiveView() const;
+    // The camera screen of whatever process, once there is one: a viewer may have started it.
+    static HWND ScreenOfAny();
 
     bool IsRunning() const;
     bool WaitForEnd(DWORD milliseconds = 20000) const;
@@ -75,6 +77,21 @@ class CameraProcess {
     std::filesystem::path m_folder, m_store;
     PROCESS_INFORMATION m_process = {};
     HWND m_screen = nullptr;
+};
+
+// A copy of the program's folder, to be run with some of its files missing or exchanged; removed in the end.
+class ProgramCopy {
+  public:
+    explicit ProgramCopy(const std::vector<std::string>& without = {});
+    ~ProgramCopy();
+    ProgramCopy(const ProgramCopy&) = delete;
+    ProgramCopy& operator=(const ProgramCopy&) = delete;
+
+    const std::filesystem::path& Folder() const { return m_folder; }
+    std::filesystem::path Program() const { return m_folder / "zelcamera.exe"; }
+
+  private:
+    const std::filesystem::path m_folder;
 };
 
 // Values of the profile's section.

@@ -114,26 +114,17 @@ TEST(CameraScreen, AnUnpluggedCardAtStartIsToldInTheUsersLanguage) {
 class DamagedTexts : public testing::TestWithParam<bool> {};
 
 TEST_P(DamagedTexts, OneMessageAndTheCameraRuns) {
-    namespace fs = std::filesystem;
-    const fs::path folder = fs::temp_directory_path() / ("zel-damaged-" + std::to_string(GetCurrentProcessId()));
-    fs::create_directories(folder);
-    for (const char* name : {"zelcamera.exe", "coredll.dll", "aygshell.dll", "commctrl.dll", "sio.dll"})
-        fs::copy_file(CameraProcess::BuildFolder() / name, folder / name, fs::copy_options::overwrite_existing);
-    fs::remove(folder / "Localization.dll");
-    if (GetParam()) fs::copy_file(folder / "commctrl.dll", folder / "Localization.dll");
-    {
-        CameraProcess camera({{}, {}, "", folder / "zelcamera.exe"});
-        HWND box = nullptr;
-        ASSERT_TRUE(WaitFor([&] { return (box = camera.MessageBox()) != nullptr; }));
-        EXPECT_NE(CameraProcess::MessageText(box).find(L"Localization.dll"), std::wstring::npos);
-        CameraProcess::Press(box, IDOK);
-        ASSERT_NE(camera.Screen(), nullptr);
-        EXPECT_TRUE(camera.WaitForFrames(3));
-        camera.Command(32827);
-        EXPECT_TRUE(camera.WaitForEnd());
-    }
-    std::error_code ignored;
-    fs::remove_all(folder, ignored);
+    const ProgramCopy copy({"Localization.dll"});
+    if (GetParam()) std::filesystem::copy_file(copy.Folder() / "commctrl.dll", copy.Folder() / "Localization.dll");
+    CameraProcess camera({{}, {}, "", copy.Program()});
+    HWND box = nullptr;
+    ASSERT_TRUE(WaitFor([&] { return (box = camera.MessageBox()) != nullptr; }));
+    EXPECT_NE(CameraProcess::MessageText(box).find(L"Localization.dll"), std::wstring::npos);
+    CameraProcess::Press(box, IDOK);
+    ASSERT_NE(camera.Screen(), nullptr);
+    EXPECT_TRUE(camera.WaitForFrames(3));
+    camera.Command(32827);
+    EXPECT_TRUE(camera.WaitForEnd());
 }
 
 INSTANTIATE_TEST_SUITE_P(LibraryMissingOrWithoutItsExport, DamagedTexts, testing::Bool());

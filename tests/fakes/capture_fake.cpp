@@ -28,6 +28,8 @@ void StartReviewTimer(std::atomic<bool>&, uint32_t milliseconds) {
     RecordCall("review " + std::to_string(milliseconds));
 }
 
+void StopReviewTimer() { RecordCall("end review"); }
+
 bool ReadReviewFile(const std::wstring&, uint8_t* room, uint32_t capacity, uint32_t& bytes) {
     RecordCall("read review file");
     bytes = static_cast<uint32_t>(g_fake.reviewFile.size());

@@ -12,6 +12,7 @@ StoreFake& ResetStoreFake() {
 }
 
 bool FreeStoreBytes(uint32_t& bytes) {
+    ++g_fake.questions;
     bytes = g_fake.freeBytes;
     return g_fake.readable;
 }

@@ -5,6 +5,7 @@
 struct StoreFake {
     bool readable = true;
     uint32_t freeBytes = 64u << 20;
+    int questions = 0;  // so far
 };
 
 StoreFake& ResetStoreFake();

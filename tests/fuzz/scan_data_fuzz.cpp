@@ -15,7 +15,7 @@ struct Header {
 };
 
 Bytes preview(int32_t number) {
-    const PreviewHeader& header = *previewHeader(number);
+    const PreviewHeader& header = *FindPreviewHeader(number);
     return Bytes(header.begin(), header.end());
 }
 

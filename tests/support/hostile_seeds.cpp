@@ -54,7 +54,7 @@ Bytes scanOf(const Bytes& stream) {
 
 // The card's own: a template header before bare scan data.
 Bytes previewFrame(int32_t number, const Shape& shape) {
-    const PreviewHeader& header = *previewHeader(number);
+    const PreviewHeader& header = *FindPreviewHeader(number);
     JpegStream stream;
     stream.raw(Bytes(header.begin(), header.end())).raw(scanOf(encodeShape(shape))).end();
     return stream.bytes();

@@ -34,7 +34,7 @@ Bytes stepsOf(const sio::StepTable& steps) {
 }
 
 Stream makeFrame(const Set& set, const sio::Picture& picture) {
-    const PreviewHeader& header = *previewHeader(set.headerTemplate);
+    const PreviewHeader& header = *FindPreviewHeader(set.headerTemplate);
     Stream stream(header.begin(), header.end()), scan;
     sio::CPreviewEncoder().encode(picture, {set.across, set.down}, scan);
     stream.insert(stream.end(), scan.begin(), scan.end());

@@ -20,7 +20,7 @@ StepTables readSteps(const PreviewHeader& header) {
 }  // namespace
 
 const StepTables& frameSteps() {
-    static const StepTables steps = readSteps(*previewHeader(1));
+    static const StepTables steps = readSteps(*FindPreviewHeader(1));
     return steps;
 }
 

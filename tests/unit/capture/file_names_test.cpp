@@ -33,6 +33,12 @@ TEST(FileNames, NumbersRunFromOneToNineThousand999) {
     EXPECT_EQ(NextNumber(-1), 0);
 }
 
+TEST(FileNames, TheLastPictureIsTheNumberBefore) {
+    EXPECT_EQ(LastNumber(2), 1);
+    EXPECT_EQ(LastNumber(1), 0);
+    EXPECT_EQ(LastNumber(INT32_MIN), INT32_MIN);
+}
+
 TEST(FileNames, DeletingStopsAtZero) {
     EXPECT_EQ(PreviousNumber(2), 1);
     EXPECT_EQ(PreviousNumber(1), 0);

@@ -51,7 +51,7 @@ class StillCaptureTest : public testing::Test {
 
 TEST_F(StillCaptureTest, StepsComeInOrder) {
     EXPECT_EQ(Take(), 0u);
-    EXPECT_EQ(driver.calls, (Calls{"menus off", "control 80000017 in=0", "control 80000007 in=220",
+    EXPECT_EQ(driver.calls, (Calls{"end review", "menus off", "control 80000017 in=0", "control 80000007 in=220",
                                    "control 8000000F in=4", "pause 25", "menus on"}));
     EXPECT_EQ(settings.jpgNo, 2);
     EXPECT_EQ(ReadProfileInt(profile, kSettingsSection, kKeyPictureNumber, -1), 2);
@@ -115,9 +115,30 @@ TEST_F(StillCaptureTest, ReviewShowsThePictureForTwoSecondsAStep) {
     Take();
     EXPECT_TRUE(screen.reviewShowing);
     EXPECT_TRUE(review->ready);
-    EXPECT_EQ(driver.calls, (Calls{"menus off", "control 80000017 in=0", "control 80000007 in=220",
+    EXPECT_EQ(driver.calls, (Calls{"end review", "menus off", "control 80000017 in=0", "control 80000007 in=220",
                                    "control 8000000F in=4", "read review file", "paint", "pause 25", "review 6000",
                                    "menus on"}));
+}
+
+// A picture taken during the review of another one: the first review's time must not end the second's.
+TEST_F(StillCaptureTest, TheReviewBeforeEndsFirst) {
+    settings.instantReview = 1;
+    screen.reviewShowing = true;
+    Take();
+    EXPECT_EQ(driver.calls.front(), "end review");
+    EXPECT_TRUE(screen.reviewShowing);
+}
+
+TEST_F(StillCaptureTest, WildReviewTimesStayDefined) {
+    const struct {
+        int32_t setting;
+        uint32_t milliseconds;
+    } rows[] = {{-1, 0}, {INT32_MIN, 0}, {2147483, 4294966000}, {2147484, 4294966000}, {INT32_MAX, 4294966000}};
+    for (const auto& row : rows) {
+        settings.instantReview = row.setting;
+        Take();
+        EXPECT_EQ(effects.reviewMilliseconds, row.milliseconds) << row.setting;
+    }
 }
 
 TEST_F(StillCaptureTest, SmallModesPauseLongerBeforeTheReview) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+
 #include "fakes/store_fake.h"
 
 namespace {
@@ -56,10 +58,27 @@ TEST_F(StoreSpace, SizesOutsideTheTableFitNothing) {
 }
 
 TEST_F(StoreSpace, WildQualitiesStayDefined) {
-    settings.imageQuality = -100000;
-    EXPECT_EQ(PicturesIn(64 * kMiB, settings, screen), UINT32_MAX);
-    settings.imageQuality = 100000;
-    EXPECT_EQ(PicturesIn(64 * kMiB, settings, screen), 0u);
+    for (int32_t quality : {-100000, INT32_MIN}) {
+        settings.imageQuality = quality;
+        EXPECT_EQ(PicturesIn(64 * kMiB, settings, screen), UINT32_MAX);
+        EXPECT_EQ(PicturesIn(2 * kMiB, settings, screen), 0u);
+    }
+    for (int32_t quality : {22, 32, 64, 100000, INT32_MAX}) {
+        settings.imageQuality = quality;
+        EXPECT_EQ(PicturesIn(UINT32_MAX, settings, screen), 0u) << quality;
+    }
+}
+
+TEST_F(StoreSpace, QualitiesBelowZeroHalveThePicture) {
+    settings.resolution = 3;
+    settings.imageQuality = -1;
+    EXPECT_EQ(PicturesIn(2 * kMiB + 16 * 1024, settings, screen), 2u);
+    settings.imageQuality = -14;
+    EXPECT_EQ(PicturesIn(2 * kMiB + 7, settings, screen), 7u);
+    settings.imageQuality = -45;
+    EXPECT_EQ(PicturesIn(2 * kMiB + 1, settings, screen), 1u << 31);
+    settings.imageQuality = -46;
+    EXPECT_EQ(PicturesIn(2 * kMiB + 1, settings, screen), UINT32_MAX);
 }
 
 TEST_F(StoreSpace, AFullWordOfFreeBytesIsCounted) {
@@ -75,6 +94,19 @@ TEST_F(StoreSpace, AnUnreadableStoreHoldsNothing) {
     store.readable = true;
     EXPECT_GT(PicturesLeft(settings, screen), 0u);
     EXPECT_GT(VideoSecondsLeft(0), 0u);
+}
+
+TEST_F(StoreSpace, AnAnswerIsKeptUntilItIsForgotten) {
+    StoreRoom room;
+    EXPECT_EQ(FreeBytes(room), store.freeBytes);
+    const uint32_t first = store.freeBytes--;
+    EXPECT_EQ(FreeBytes(room), first);
+    EXPECT_EQ(store.questions, 1);
+    room.asked = false;
+    EXPECT_EQ(FreeBytes(room), store.freeBytes);
+    room.asked = false;
+    store.readable = false;
+    EXPECT_EQ(FreeBytes(room), 0u);
 }
 
 TEST_F(StoreSpace, VideoNeedsMoreThanFourMebibytesAndAByte) {

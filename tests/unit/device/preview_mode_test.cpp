@@ -31,7 +31,7 @@ TEST(PreviewMode, HeaderAndScaleGoTogether) {
         int32_t scale = 0;
         SelectPreviewHeader(*frame, scale, row.resolution, row.zoom);
         EXPECT_EQ(scale, row.scale);
-        EXPECT_EQ(std::memcmp(frame->header, previewHeader(row.headerTemplate)->data(), kPreviewHeaderBytes), 0);
+        EXPECT_EQ(std::memcmp(frame->header, FindPreviewHeader(row.headerTemplate)->data(), kPreviewHeaderBytes), 0);
     }
 }
 

@@ -10,7 +10,7 @@ static_assert(sizeof(PreviewHeader) == 170);
 namespace {
 
 Bytes frameOf(int32_t number, const Bytes& scan) {
-    const PreviewHeader& header = *previewHeader(number);
+    const PreviewHeader& header = *FindPreviewHeader(number);
     Bytes stream(header.begin(), header.end());
     stream.insert(stream.end(), scan.begin(), scan.end());
     stream.insert(stream.end(), {0xFF, 0xD9});
@@ -20,33 +20,33 @@ Bytes frameOf(int32_t number, const Bytes& scan) {
 }  // namespace
 
 TEST(PreviewHeaders, ThereAreThree) {
-    for (int32_t number : {-1, 0, 4}) EXPECT_EQ(previewHeader(number), nullptr);
-    for (int32_t number : {1, 2, 3}) EXPECT_NE(previewHeader(number), nullptr);
+    for (int32_t number : {-1, 0, 4}) EXPECT_EQ(FindPreviewHeader(number), nullptr);
+    for (int32_t number : {1, 2, 3}) EXPECT_NE(FindPreviewHeader(number), nullptr);
 }
 
 TEST(PreviewHeaders, DifferInSizeAndSampling) {
-    const PreviewHeader& first = *previewHeader(1);
+    const PreviewHeader& first = *FindPreviewHeader(1);
     const auto differences = [&](int32_t number) {
         std::vector<size_t> places;
         for (size_t i = 0; i < first.size(); ++i) {
-            if (first[i] != (*previewHeader(number))[i]) places.push_back(i);
+            if (first[i] != (*FindPreviewHeader(number))[i]) places.push_back(i);
         }
         return places;
     };
     EXPECT_EQ(differences(2), std::vector<size_t>({147}));
     EXPECT_EQ(differences(3), std::vector<size_t>({142, 143, 144}));
-    EXPECT_EQ((*previewHeader(2))[147], 0x22);
+    EXPECT_EQ((*FindPreviewHeader(2))[147], 0x22);
 }
 
 TEST(PreviewHeaders, StrayByteBeforeScanHeader) {
     for (int32_t number : {1, 2, 3}) {
-        const PreviewHeader& header = *previewHeader(number);
+        const PreviewHeader& header = *FindPreviewHeader(number);
         EXPECT_EQ(Bytes(header.begin() + 152, header.begin() + 158), Bytes({3, 0x11, 1, 0, 0xFF, 0xDA}));
     }
 }
 
 TEST(PreviewHeaders, QuantTables) {
-    const PreviewHeader& header = *previewHeader(1);
+    const PreviewHeader& header = *FindPreviewHeader(1);
     const auto sum = [&](size_t from) {
         uint32_t total = 0;
         for (size_t i = from; i < from + 64; ++i) total += header[i];

@@ -27,7 +27,6 @@ std::vector<uint8_t> GreyScan() {
 class FrameArrival : public testing::Test {
   protected:
     void SetUp() override {
-        ResetStoreFake();
         settings.aviResolution = 1;
         buildHuffmanTables(*decoder);
         SelectPreviewHeader(*frame, screen.scaleCode, 1, 0);
@@ -36,11 +35,9 @@ class FrameArrival : public testing::Test {
         driver.frame = GreyScan();
     }
     void TearDown() override { releaseBuffers(*decoder); }
-    FrameOutcome Receive() {
-        LiveView view{settings, profile, screen, device, *frame, *decoder, *image, recording};
-        return ReceiveFrame(view);
-    }
+    FrameOutcome Receive() { return ReceiveFrame(view); }
 
+    StoreFake& store = ResetStoreFake();
     DriverFake& driver = ResetDriverFake();
     CameraSettings settings;
     Profile profile;
@@ -50,6 +47,7 @@ class FrameArrival : public testing::Test {
     std::unique_ptr<DecoderContext> decoder = std::make_unique<DecoderContext>();
     std::unique_ptr<DecodedImage> image = std::make_unique<DecodedImage>();
     RecordingState recording;
+    LiveView view{settings, profile, screen, device, *frame, *decoder, *image, recording};
 };
 
 TEST_F(FrameArrival, AGoodFrameIsDecodedAndShown) {
@@ -93,6 +91,28 @@ TEST_F(FrameArrival, ReviewDrainsFramesAndKeepsThePicture) {
     settings.instantReview = 0;
     Receive();
     EXPECT_EQ(image->pixels[0], 128);
+}
+
+TEST_F(FrameArrival, TheReviewPictureKeepsItsModeThoughTheSizeChanges) {
+    Receive();
+    EXPECT_EQ(image->mode, kScaleSmall);
+    screen.reviewShowing = true;
+    screen.scaleCode = kScaleLarge;
+    Receive();
+    EXPECT_EQ(image->mode, kScaleSmall);
+}
+
+TEST_F(FrameArrival, TheStoreIsAskedOnceForEachRecordedFrame) {
+    ChunkQueue queue;
+    screen.mode = CaptureMode::video;
+    recording.recording = true;
+    recording.movieQueue = &queue;
+    for (int frames = 1; frames <= 3; ++frames) {
+        store.freeBytes = 64u * 1024 * 1024 - static_cast<uint32_t>(frames);
+        Receive();
+        EXPECT_EQ(FreeBytes(view.room), store.freeBytes);  // the paint that follows
+        EXPECT_EQ(store.questions, frames);
+    }
 }
 
 TEST_F(FrameArrival, AFailedWriterEndsTheRecording) {

@@ -12,7 +12,8 @@ class MovieFeed : public testing::Test {
   protected:
     FeedResult Feed(uint32_t bytes = 4096) {
         const std::vector<uint8_t> frame(bytes, 0x42);
-        return FeedMovie(recording, settings, screen, frame.data(), bytes);
+        StoreRoom room;
+        return FeedMovie(recording, room, settings, screen, frame.data(), bytes);
     }
     void Record() {
         screen.mode = CaptureMode::video;
@@ -75,7 +76,8 @@ TEST_F(MovieFeed, AFullStoreAsksForAStop) {
 TEST_F(MovieFeed, AFailedQueueCallIsCounted) {
     Record();
     settings.aviResolution = 1;
-    EXPECT_EQ(FeedMovie(recording, settings, screen, nullptr, 300), FeedResult::nothing);
+    StoreRoom room;
+    EXPECT_EQ(FeedMovie(recording, room, settings, screen, nullptr, 300), FeedResult::nothing);
     EXPECT_EQ(recording.writerAborted, 1u);
 }
 

@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
 #include <vector>
 
+#include "liveview/overlay_ids.h"
 #include "resources/resource.h"
 
 namespace {
@@ -84,6 +87,29 @@ TEST_F(OverlayPlanTest, RecordingIndicatorCyclesThroughThreePhases) {
     for (int phase : {0, 1, 2, 0, 1}) EXPECT_EQ(Plan().back(), Item(IDB_RECORDING + phase, 2, 40));
     recording.recording = false;
     EXPECT_EQ(Plan().back(), Item(IDB_RECORDING_IDLE, 2, 40));
+}
+
+// What is not listed is not loaded, and the paint would silently leave it out.
+TEST_F(OverlayPlanTest, WhatIsPlannedIsListed) {
+    recording.recording = true;
+    settings.selfTimer = 1;
+    for (int32_t i = 0; i < 60; ++i) {
+        settings.businessCard = i % 2;
+        settings.aviResolution = i / 2 % 2;
+        settings.awb = settings.color = i % 6;
+        screen.zoom = static_cast<uint32_t>(i) % 3;
+        screen.mode = i % 5 == 4 ? CaptureMode::video : CaptureMode::still;
+        screen.countdownRunning = i > 6;
+        screen.countdownDigit = static_cast<uint32_t>(i) % 11;
+        const OverlayPlan plan = PlanOverlays(settings, screen, recording);
+        for (uint32_t n = 0; n < plan.count; ++n) {
+            const auto has = [&](const OverlayFamily& family) {
+                return family.Has(plan.items[n].bitmap - static_cast<int32_t>(family.base));
+            };
+            EXPECT_TRUE(std::any_of(std::begin(kOverlayFamilies), std::end(kOverlayFamilies), has))
+                << plan.items[n].bitmap;
+        }
+    }
 }
 
 TEST_F(OverlayPlanTest, ReviewTurnsTheLayoutRound) {

@@ -40,6 +40,24 @@ TEST(PictureFit, ARampKeepsItsSlope) {
     }
 }
 
+// Columns of black and white in turn: taking the nearest pixel would leave nothing but these two.
+TEST(PictureFit, IsSmoothInBothDirections) {
+    const struct {
+        int fromWidth, fromHeight, toWidth, toHeight;
+    } rows[] = {{160, 120, 240, 180}, {240, 180, 160, 120}};
+    for (const auto& row : rows) {
+        std::vector<uint8_t> from(RowBytes(row.fromWidth) * row.fromHeight);
+        for (int y = 0; y < row.fromHeight; ++y)
+            for (int x = 0; x < row.fromWidth; ++x)
+                for (int c = 0; c < 3; ++c) from[y * RowBytes(row.fromWidth) + x * 3 + c] = x % 2 != 0 ? 255 : 0;
+        std::vector<uint8_t> to(RowBytes(row.toWidth) * row.toHeight);
+        FitPicture({from.data(), row.fromWidth, row.fromHeight}, {nullptr, row.toWidth, row.toHeight}, to.data());
+        int between = 0;
+        for (int x = 0; x < row.toWidth; ++x) between += to[x * 3] > 30 && to[x * 3] < 225;
+        EXPECT_GE(between, row.toWidth / 2) << row.toWidth;
+    }
+}
+
 TEST(PictureFit, OnePixelFillsEverything) {
     const uint8_t from[4] = {1, 2, 3, 0};
     std::vector<uint8_t> to(RowBytes(5) * 4);

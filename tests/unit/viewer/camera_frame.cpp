@@ -11,7 +11,7 @@ std::string CameraFrame(int header, sio::Rgb colour) {
     for (sio::Rgb& pixel : picture.pixels) pixel = colour;
     std::vector<uint8_t> scan;
     sio::CPreviewEncoder().encode(picture, header == 2 ? sio::k420 : sio::k444, scan);
-    const PreviewHeader& bytes = *previewHeader(header);
+    const PreviewHeader& bytes = *FindPreviewHeader(header);
     return std::string(bytes.begin(), bytes.end()) + std::string(scan.begin(), scan.end());
 }
 

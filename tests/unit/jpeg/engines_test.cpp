@@ -124,7 +124,7 @@ TEST_F(Engines, RestartIntervals) {
 TEST_F(Engines, NoiseBehindThePreviewHeaders) {
     constexpr int32_t kModes[] = {1, 2, 3, 4, 5, 6, 8, 9, 10, 11, 12, 13};
     for (uint32_t round = 0; round < 300; ++round) {
-        const PreviewHeader& header = *previewHeader(1 + static_cast<int32_t>(round % 3));
+        const PreviewHeader& header = *FindPreviewHeader(1 + static_cast<int32_t>(round % 3));
         Bytes stream(header.begin(), header.end());
         const uint32_t count = 1 + random(3000);
         // From streams full of 0xFF to such without one.

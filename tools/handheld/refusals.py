@@ -4,9 +4,6 @@ import re
 
 import base_relocations
 
-# The sources that may compute with fractions, away from the frames' path: how many pictures fit.
-FRACTION_SOURCES = {"store_space.cpp"}
-
 # The compiler's helpers, and those that the core library exports for the handheld's own compiler.
 FRACTION_HELPER = re.compile(
     r"__(aeabi_(c?[df][a-z]\w*|u?[il]2[df])|"
@@ -45,7 +42,7 @@ def fractions(elf, places):
         piece = places.piece(relocation.address)
         if not FRACTION_HELPER.match(relocation.symbol.name) or piece is None:
             continue
-        if piece.source not in FRACTION_SOURCES and not piece.library.startswith("libgcc"):
+        if not piece.library.startswith("libgcc"):
             callers.add((places.words(relocation.address), relocation.symbol.name))
     return [f"{caller} computes in floating point ({helper}), which the handheld's processor does not have"
             for caller, helper in sorted(callers)]

@@ -31,6 +31,9 @@ DecodeTrace EngineSet::decodeBy(size_t engine, int32_t mode, const uint8_t* stre
     cursors.inputCursor = stream;
     cursors.inputRemaining = static_cast<uint32_t>(size);
     cursors.outputCursor = picture;
+    // An empty stream starts no reader; that of the decode before must not show.
+    cursors.chunkCursor = cursors.chunkEnd = nullptr;
+    context.bitCount = 0;
     const uint32_t code = decode(mode, context, 0);
     const auto inChunk = static_cast<uint32_t>(cursors.chunkEnd - cursors.chunkCursor);
     const uint32_t mask = context.bitCount < 32 ? (1u << context.bitCount) - 1 : ~0u;

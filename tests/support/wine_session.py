@@ -61,8 +61,10 @@ class WineSession:
             self.prefix.mkdir(parents=True)
         # One server for the whole session: programs start at once and the registry stays in memory.
         subprocess.run([self._tool("wineserver"), "-p"], env=self.environment, check=True)
+        # Wine's own services live on with the outputs of the first program: nobody may wait for the end of those.
+        first = ["cmd", "/c", "exit"] if ready.exists() else ["wineboot", "-i"]
+        self.run(first, timeout=180, check=True, stdout=subprocess.DEVNULL)
         if not ready.exists():
-            self.run(["wineboot", "-i"], timeout=180, check=True)
             # Wine overlooks the distribution's copy of its own fonts.
             for font in pathlib.Path("/usr/share/wine/fonts").glob("tahoma*.ttf"):
                 shutil.copy(font, self.prefix / "drive_c" / "windows" / "Fonts")

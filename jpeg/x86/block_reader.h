@@ -14,6 +14,7 @@ struct LookTables {
     const LookTable* dc;
     const LookTable* ac;
     const SkipTable* skip;
+    const LookTable* start;  // of whole blocks
 };
 
 // Predictors of damaged streams may add up past 32 bits.

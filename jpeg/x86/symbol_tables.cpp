@@ -34,7 +34,10 @@ constexpr CodeLook makeCodeLook(const TypicalTable& table) {
 // Takes symbols off the front of a few bits.
 class Front {
   public:
-    constexpr Front(const CodeLook& look, uint32_t bits) : m_look(look), m_bits(bits), m_count(kLookBits) {}
+    constexpr Front(const CodeLook& look, uint32_t bits, uint32_t count = kLookBits)
+        : m_look(look), m_bits(bits), m_count(count) {}
+    // The same bits, for the symbols of another table.
+    constexpr Front with(const CodeLook& look) const { return Front(look, m_bits, m_count); }
     constexpr uint32_t left() const { return m_count; }
     constexpr uint32_t size() const { return code().symbol & 15u; }
     constexpr uint32_t run() const { return code().symbol >> 4; }
@@ -72,27 +75,70 @@ constexpr LookTable makeDcLook(const CodeLook& codes) {
     return look;
 }
 
-constexpr uint32_t acEntry(Front front) {
-    if (!front.hasSymbol()) return Look::kNothingFits << 8;
-    uint32_t places = 0;
+// What one look finds.
+struct Found {
+    uint32_t length = 0;
+    uint32_t places = 0;  // to move on
     uint32_t firstPlace = 0;
     int32_t first = 0;
     int32_t last = 0;
-    const uint32_t held = front.left();
-    for (uint32_t count = 0; count < 2 && front.hasSymbol() && !front.endsBlock(); ++count) {
-        if (count != 0) {
+    bool ends = false;
+
+    constexpr void add(uint32_t run, int32_t value) {
+        if (places != 0) {
             firstPlace = places - 1;
             first = last;
         }
-        places += front.run() + 1;
-        last = front.value();
+        places += run + 1;
+        last = value;
+    }
+    constexpr uint32_t lastPlace() const { return places != 0 ? places - 1 : 0; }
+};
+
+// AC coefficients until there are `most`, and the end of the block.
+constexpr void findAc(Front& front, uint32_t most, Found& found) {
+    const uint32_t held = front.left();
+    for (uint32_t count = 0; count < most && front.hasSymbol() && !front.endsBlock(); ++count) {
+        found.add(front.run(), front.value());
         front.drop();
     }
-    const bool ends = front.hasSymbol() && front.endsBlock();
-    if (ends) front.drop();
-    return (ends ? Look::kEndBit : 0) | (static_cast<uint32_t>(last) & 127) << 24 |
-           (static_cast<uint32_t>(first) & 31) << 19 | firstPlace << 15 |
-           (places != 0 ? places - 1 : 0) << 8 | (held - front.left());
+    found.ends = front.hasSymbol() && front.endsBlock();
+    if (found.ends) front.drop();
+    found.length += held - front.left();
+}
+
+constexpr uint32_t lookEntry(const Found& found) {
+    return (found.ends ? Look::kEndBit : 0) | (static_cast<uint32_t>(found.last) & 127) << 24 |
+           (static_cast<uint32_t>(found.first) & 31) << 19 | found.firstPlace << 15 | found.lastPlace() << 8 |
+           found.length;
+}
+
+constexpr uint32_t acEntry(Front front) {
+    if (!front.hasSymbol()) return Look::kNothingFits << 8;
+    Found found;
+    findAc(front, 2, found);
+    return lookEntry(found);
+}
+
+constexpr LookTable makeStartLook(const CodeLook& dc, const CodeLook& ac) {
+    LookTable look{};
+    for (uint32_t bits = 0; bits < kLooks; ++bits) {
+        Front front(dc, bits);
+        if (!front.hasSymbol()) {
+            look.entries[bits] = Look::kNothingFits << 8;
+            continue;
+        }
+        Found found;
+        found.add(0, front.value());
+        found.length = front.symbolLength();
+        // Beside an AC coefficient there is room for a small difference only.
+        const uint32_t most = front.size() <= 4 ? 1 : 0;
+        front.drop();
+        Front behind = front.with(ac);
+        findAc(behind, most, found);
+        look.entries[bits] = lookEntry(found);
+    }
+    return look;
 }
 
 constexpr LookTable makeAcLook(const CodeLook& codes) {
@@ -141,5 +187,8 @@ constexpr SkipTable kSkipChrominance = makeAcSkip(kCodes[3]);
 alignas(64) constexpr LookTable kDcLooks[2] = {kDcLuminance, kDcChrominance};
 alignas(64) constexpr LookTable kAcLooks[2] = {kAcLuminance, kAcChrominance};
 alignas(64) constexpr SkipTable kAcSkips[2] = {kSkipLuminance, kSkipChrominance};
+alignas(64) constexpr LookTable kStartLooks[2][2] = {
+    {makeStartLook(kCodes[0], kCodes[2]), makeStartLook(kCodes[0], kCodes[3])},
+    {makeStartLook(kCodes[1], kCodes[2]), makeStartLook(kCodes[1], kCodes[3])}};
 
 }  // namespace jpeg

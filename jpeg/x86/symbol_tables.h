@@ -46,5 +46,8 @@ inline constexpr uint32_t kSkipEndBit = 1u << 15;
 extern const LookTable kDcLooks[2];
 extern const LookTable kAcLooks[2];
 extern const SkipTable kAcSkips[2];
+// The looks at a block's start, by its DC and its AC table: the DC difference and, if they fit, the first AC
+// coefficient and the end of the block.
+extern const LookTable kStartLooks[2][2];
 
 }  // namespace jpeg

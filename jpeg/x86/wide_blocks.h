@@ -2,9 +2,9 @@
 //   kStep         samples of a block's side
 //   setUp(quant)  prepares a component; false: its table is not for us
 // Those that need every coefficient read all blocks of an MCU, then write all: vectors that are loaded right
-// behind the stores of their words would wait for them. They have a Block, addSteps(), clear() and write().
-// The others have decode(), which does both at once. What returns false leaves the MCU to the portable
-// engine.
+// behind the stores of their words would wait for them. They have a Block, setUpBlocks(), clear() and
+// write(). The others have decode(), which does both at once. What returns false leaves the MCU to the
+// portable engine.
 #pragma once
 #include <cstring>
 
@@ -33,17 +33,17 @@ class TransformedWide {
         return true;
     }
 
-    struct Block {
-        alignas(32) int16_t words[64];  // by the block's layout
-    };
+    using Block = ReadBlock;
 
-    // Two steps for each block of the component.
-    ReadStep* addSteps(ReadStep* step, Block* blocks, uint32_t count, const LookTables& tables) const {
+    void setUpBlocks(Block* blocks, uint32_t count, const LookTables& tables) const {
         for (; count != 0; --count, ++blocks) {
-            *step++ = {tables.dc->entries, blocks->words, 0, tables.dcTable, m_steps};
-            *step++ = {tables.ac->entries, blocks->words, 1, tables.acTable, m_steps};
+            blocks->start = tables.start->entries;
+            blocks->rest = tables.ac->entries;
+            blocks->dcTable = tables.dcTable;
+            blocks->acTable = tables.acTable;
+            blocks->quant = m_steps;
+            blocks->place = 0;
         }
-        return step;
     }
 
     static void clear(Block& block) {
@@ -55,11 +55,6 @@ class TransformedWide {
     bool write(Block& block, ComponentWalk& component, uint8_t* out) const {
         component.predictor = wrappedSum(component.predictor, block.words[0]);
         auto coefficients = Dct::dequantise(block.words, m_quant);
-        if (Dct::isZero(coefficients)) {
-            const uint32_t mean = static_cast<uint32_t>(component.predictor) * component.quant[0];
-            fill(out, component.stride, kSide == 8 ? flatSample8(mean) : flatSample4(mean));
-            return true;
-        }
         if (McuReader<Lanes>::tooLarge(component.predictor, m_steps[0])) return false;
         Dct::addMean(coefficients, component.predictor * m_steps[0]);
         if (Dct::sumOfMagnitudes(coefficients) > kLargestSum) {
@@ -82,10 +77,6 @@ class TransformedWide {
         for (uint32_t k = 0; k < 64; ++k) coefficients[kZigzag[k]] = block.words[kBlockLayout.word[k]];
         const InverseDct transform = kSide == 8 ? inverseDct8 : inverseDct4;
         transform(out, coefficients, component.quant, component.stride);
-    }
-
-    static void fill(uint8_t* out, uint32_t stride, uint8_t sample) {
-        for (uint32_t row = 0; row < kSide; ++row, out += stride) std::memset(out, sample, kSide);
     }
 
     alignas(32) int16_t m_quant[64];  // by the block's layout

@@ -39,11 +39,6 @@ struct WideDct {
         return {group(kRows04), group(kRows26), group(kRows17), group(kRows53)};
     }
 
-    static bool isZero(const Block& block) {
-        return Lanes::isZero(Lanes::either(Lanes::either(block.rows04, block.rows26),
-                                           Lanes::either(block.rows17, block.rows53)));
-    }
-
     // Adds to the coefficient of the first row and column.
     static void addMean(Block& block, int32_t mean) {
         block.rows04 = Lanes::add16(block.rows04, Lanes::onlyFirst32(mean & 0xFFFF));

@@ -13,19 +13,23 @@ class WideMcu {
             const ComponentWalk& component = walk.components[index];
             const auto dc = component.dcTable - &context.huffman[kDcSlot];
             const auto ac = component.acTable - &context.huffman[kAcSlot];
-            m_tables[index] = {component.dcTable, component.acTable, &kDcLooks[dc], &kAcLooks[ac],
-                               &kAcSkips[ac]};
+            m_tables[index] = {component.dcTable, component.acTable, &kDcLooks[dc],
+                               &kAcLooks[ac],     &kAcSkips[ac],     &kStartLooks[dc][ac]};
             if (!m_kinds[index].setUp(component.quant)) return false;
         }
         if constexpr (kReadsMcus) setUpSteps(walk);
         return true;
     }
 
-    // Into the places that the walk points to. False: the portable engine has to decode this MCU; reader and
-    // predictors are anything then.
-    bool decodeMcu(McuReader<Lanes>& reader, ScanWalk& walk) {
+    // MCUs that can be decoded at a time: the processor guesses the end of the reading wrong once for all of
+    // them.
+    static constexpr uint32_t kMost = Kind<Lanes>::kReadsMcus ? 4 : 1;
+
+    // So many MCUs into the places that the walk points to, which move on. False: one of them is for the
+    // portable engine; reader and walk are anything then.
+    bool decodeMcus(uint32_t count, McuReader<Lanes>& reader, ScanWalk& walk) {
         if constexpr (kReadsMcus) {
-            return readMcu(reader) && writeMcu(walk);
+            return readMcus(count, reader) && writeMcus(count, walk);
         } else {
             // A copy, whose fields need no memory.
             McuReader<Lanes> copy = reader;
@@ -34,6 +38,7 @@ class WideMcu {
             });
             if (!good || !copy.has(kBitsBehind)) return false;
             reader = copy;
+            moveOn(walk);
             return true;
         }
     }
@@ -56,30 +61,41 @@ class WideMcu {
     using Block = typename BlockOf<Kind<Lanes>, kReadsMcus>::Type;
 
     void setUpSteps(const ScanWalk& walk) {
-        ReadStep* step = m_steps;
         for (uint32_t index = 0; index < walk.count; ++index) {
             const uint32_t count = walk.components[index].across * walk.components[index].down;
-            step = m_kinds[index].addSteps(step, m_blocks + m_blockCount, count, m_tables[index]);
+            m_kinds[index].setUpBlocks(m_blocks + m_blockCount, count, m_tables[index]);
             m_blockCount += count;
         }
-        *step = *m_steps;
-        step->place = kPlaceAtEnd;
+        for (uint32_t n = m_blockCount; n <= m_blockCount * kMost; ++n)
+            m_blocks[n] = m_blocks[n - m_blockCount];
     }
 
-    bool readMcu(McuReader<Lanes>& reader) {
-        for (uint32_t n = 0; n < m_blockCount; ++n) Kind<Lanes>::clear(m_blocks[n]);
+    bool readMcus(uint32_t count, McuReader<Lanes>& reader) {
+        const uint32_t blocks = count * m_blockCount;
+        for (uint32_t n = 0; n < blocks; ++n) Kind<Lanes>::clear(m_blocks[n]);
         McuReader<Lanes> copy = reader;
-        copy.refill();
-        if (!copy.mcu(m_steps) || !copy.has(kBitsBehind)) return false;
-        reader = copy;
+        m_blocks[blocks].place = kPlaceAtEnd;
+        const bool good = copy.mcu(m_blocks) && copy.has(kBitsBehind);
+        m_blocks[blocks].place = 0;
+        if (good) reader = copy;
+        return good;
+    }
+
+    bool writeMcus(uint32_t count, ScanWalk& walk) {
+        Block* block = m_blocks;
+        for (; count != 0; --count) {
+            const bool good = forBlocks(walk, [&](uint32_t index, ComponentWalk& component, uint8_t* out) {
+                return m_kinds[index].write(*block++, component, out);
+            });
+            if (!good) return false;
+            moveOn(walk);
+        }
         return true;
     }
 
-    bool writeMcu(ScanWalk& walk) {
-        Block* block = m_blocks;
-        return forBlocks(walk, [&](uint32_t index, ComponentWalk& component, uint8_t* out) {
-            return m_kinds[index].write(*block++, component, out);
-        });
+    static void moveOn(ScanWalk& walk) {
+        for (ComponentWalk& component : walk.components)
+            component.next += component.across * Kind<Lanes>::kStep;
     }
 
     // The blocks of an MCU in the stream's order, as long as visit(index, component, out) likes it.
@@ -99,9 +115,8 @@ class WideMcu {
 
     LookTables m_tables[kMaxScanComponents];
     Kind<Lanes> m_kinds[kMaxScanComponents];
-    Block m_blocks[kMaxBlocks];
+    Block m_blocks[kMaxBlocks * kMost + 1];
     uint32_t m_blockCount = 0;
-    ReadStep m_steps[2 * kMaxBlocks + 1];
 };
 
 }  // namespace jpeg

@@ -1,5 +1,7 @@
 // The strips of a scan in the fast engines: what is ordinary here, the rest by the portable engine.
 #pragma once
+#include <algorithm>
+
 #include "jpeg/portable_engine.h"
 #include "jpeg/x86/wide_mcu.h"
 #include "jpeg/x86/wide_rows.h"
@@ -38,32 +40,33 @@ class WideStrips {
     void decodeOrdinary() {
         McuReader<Lanes> bits(m_context);
         seekMcu(m_walk, m_place, kStep);
-        for (uint32_t left = ordinaryMcus(); left != 0; --left) {
+        uint32_t most = Blocks::kMost;
+        for (uint32_t left = ordinaryMcus(); left != 0;) {
             const McuReader<Lanes> before = bits;
             const int32_t predictors[kMaxScanComponents] = {m_walk.components[0].predictor,
                                                             m_walk.components[1].predictor,
                                                             m_walk.components[2].predictor};
-            if (!decodeMcu(bits)) {
+            const uint32_t count = std::min({most, left, m_context.mcusPerRow - m_place.column});
+            if (!m_blocks.decodeMcus(count, bits, m_walk)) {
                 bits = before;
                 for (uint32_t i = 0; i < kMaxScanComponents; ++i) {
                     m_walk.components[i].predictor = predictors[i];
                 }
-                break;
+                if (count == 1) break;
+                seekMcu(m_walk, m_place, kStep);
+                most = 1;  // up to the MCU that it is
+                continue;
             }
-            ++m_place.sinceRestart;
-            if (++m_place.column < m_context.mcusPerRow) continue;
+            left -= count;
+            m_place.sinceRestart += count;
+            m_place.column += count;
+            if (m_place.column < m_context.mcusPerRow) continue;
             deliverMcuRow(m_context, m_place.row);
             m_place.column = 0;
             ++m_place.row;
             seekMcu(m_walk, m_place, kStep);
         }
         bits.putDown(m_context);
-    }
-
-    bool decodeMcu(McuReader<Lanes>& bits) {
-        const bool good = m_blocks.decodeMcu(bits, m_walk);
-        for (ComponentWalk& component : m_walk.components) component.next += component.across * kStep;
-        return good;
     }
 
     DecoderContext& m_context;

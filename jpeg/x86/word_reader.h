@@ -57,6 +57,17 @@ class WordReader {
         m_bits <<= bits & 63;
         m_count -= static_cast<int32_t>(bits);
     }
+    // Like drop(), by the lowest 8 bits of `entry`, 0..63; but only the lowest 8 bits of the count, which are
+    // enough to tell it, are right until settle().
+    void dropRoughly(uint32_t entry) {
+        m_bits <<= entry & 63;
+        m_count = static_cast<int32_t>(static_cast<uint32_t>(m_count) - entry);
+    }
+    // False: more bits were dropped than there are. Has to be asked before the missing ones are 128.
+    bool settle() {
+        m_count = static_cast<int8_t>(m_count);
+        return m_count >= 0;
+    }
     // 0..16
     uint32_t take(uint32_t bits) {
         const uint32_t value = static_cast<uint32_t>(m_bits >> 48) >> (16 - bits);

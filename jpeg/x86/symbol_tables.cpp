@@ -175,10 +175,15 @@ constexpr SkipTable makeAcSkip(const CodeLook& codes) {
 constexpr CodeLook kCodes[4] = {makeCodeLook(kTypicalTables[0]), makeCodeLook(kTypicalTables[1]),
                                 makeCodeLook(kTypicalTables[2]), makeCodeLook(kTypicalTables[3])};
 
+// Each by itself: compilers bound the steps of one evaluation.
 constexpr LookTable kDcLuminance = makeDcLook(kCodes[0]);
 constexpr LookTable kDcChrominance = makeDcLook(kCodes[1]);
 constexpr LookTable kAcLuminance = makeAcLook(kCodes[2]);
 constexpr LookTable kAcChrominance = makeAcLook(kCodes[3]);
+constexpr LookTable kStartLuminanceLuminance = makeStartLook(kCodes[0], kCodes[2]);
+constexpr LookTable kStartLuminanceChrominance = makeStartLook(kCodes[0], kCodes[3]);
+constexpr LookTable kStartChrominanceLuminance = makeStartLook(kCodes[1], kCodes[2]);
+constexpr LookTable kStartChrominanceChrominance = makeStartLook(kCodes[1], kCodes[3]);
 constexpr SkipTable kSkipLuminance = makeAcSkip(kCodes[2]);
 constexpr SkipTable kSkipChrominance = makeAcSkip(kCodes[3]);
 
@@ -188,7 +193,7 @@ alignas(64) constexpr LookTable kDcLooks[2] = {kDcLuminance, kDcChrominance};
 alignas(64) constexpr LookTable kAcLooks[2] = {kAcLuminance, kAcChrominance};
 alignas(64) constexpr SkipTable kAcSkips[2] = {kSkipLuminance, kSkipChrominance};
 alignas(64) constexpr LookTable kStartLooks[2][2] = {
-    {makeStartLook(kCodes[0], kCodes[2]), makeStartLook(kCodes[0], kCodes[3])},
-    {makeStartLook(kCodes[1], kCodes[2]), makeStartLook(kCodes[1], kCodes[3])}};
+    {kStartLuminanceLuminance, kStartLuminanceChrominance},
+    {kStartChrominanceLuminance, kStartChrominanceChrominance}};
 
 }  // namespace jpeg

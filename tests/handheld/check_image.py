@@ -134,7 +134,7 @@ def damaged(folder):
     unknown = DamagedCopy(folder, "unknown")
     unknown.rename("GetDiskFreeSpaceExW", "GetDiskFreeSpaceExQ")
     yield ("an import that nobody knows", "the image calls GetDiskFreeSpaceExQ of coredll.dll, for which there is no double",
-           unknown, BASE, "StoreSpace.TenMebibytes")
+           unknown, BASE, "StoreSpace.AnAnswerIsKeptUntilItIsForgotten")
 
     ordinal = DamagedCopy(folder, "ordinal")
     ordinal.number_imports(1234)

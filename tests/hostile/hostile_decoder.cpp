@@ -59,7 +59,7 @@ class Trial {
     bool modeSurvives(int32_t mode, const uint8_t* input, size_t size) {
         const TargetPicture target = targetPicture(mode);
         DecodeTrace first{};
-        for (size_t engine = 0; engine < (target.planar ? 1 : m_engines.count()); ++engine) {
+        for (size_t engine = 0; engine < m_engines.count(); ++engine) {
             GuardedBytes& guarded = engine == 0 ? m_expected : m_actual;
             uint8_t* const picture =
                 m_decodes % 2 == 0 ? guarded.atEnd(target.totalBytes) : guarded.atStart();

@@ -50,6 +50,7 @@ extern "C" {
 
 BOOL WINAPI GetDiskFreeSpaceExW(LPCWSTR folder, PULARGE_INTEGER available, PULARGE_INTEGER total,
                                 PULARGE_INTEGER unused) {
+    ++g_store.questions;
     if (!g_store.readable || std::wstring(folder) != L"\\My Documents\\") return FALSE;
     available->QuadPart = g_store.freeBytes;
     total->QuadPart = unused->QuadPart = UINT64_C(0x1122334455667788);  // nobody's business

@@ -27,6 +27,7 @@ class StillCaptureTest : public testing::Test {
         settings.instantReview = 0;
         driver.calls.clear();
     }
+    void TearDown() override { releaseBuffers(*decoder); }
     uint32_t Take() {
         StillCapture capture = Records();
         return TakeSnapshot(capture, settings.resolution);
@@ -51,8 +52,9 @@ class StillCaptureTest : public testing::Test {
 
 TEST_F(StillCaptureTest, StepsComeInOrder) {
     EXPECT_EQ(Take(), 0u);
-    EXPECT_EQ(driver.calls, (Calls{"end review", "menus off", "control 80000017 in=0", "control 80000007 in=220",
-                                   "control 8000000F in=4", "pause 25", "menus on"}));
+    EXPECT_EQ(driver.calls,
+              (Calls{"end review", "menus off", "control 80000017 in=0", "control 80000007 in=220",
+                     "control 8000000F in=4", "pause 25", "menus on"}));
     EXPECT_EQ(settings.jpgNo, 2);
     EXPECT_EQ(ReadProfileInt(profile, kSettingsSection, kKeyPictureNumber, -1), 2);
     EXPECT_EQ(screen.picturesTaken, 1u);
@@ -115,9 +117,9 @@ TEST_F(StillCaptureTest, ReviewShowsThePictureForTwoSecondsAStep) {
     Take();
     EXPECT_TRUE(screen.reviewShowing);
     EXPECT_TRUE(review->ready);
-    EXPECT_EQ(driver.calls, (Calls{"end review", "menus off", "control 80000017 in=0", "control 80000007 in=220",
-                                   "control 8000000F in=4", "read review file", "paint", "pause 25", "review 6000",
-                                   "menus on"}));
+    EXPECT_EQ(driver.calls, (Calls{"end review", "menus off", "control 80000017 in=0",
+                                   "control 80000007 in=220", "control 8000000F in=4", "read review file",
+                                   "paint", "pause 25", "review 6000", "menus on"}));
 }
 
 // A picture taken during the review of another one: the first review's time must not end the second's.
@@ -133,7 +135,8 @@ TEST_F(StillCaptureTest, WildReviewTimesStayDefined) {
     const struct {
         int32_t setting;
         uint32_t milliseconds;
-    } rows[] = {{-1, 0}, {INT32_MIN, 0}, {2147483, 4294966000}, {2147484, 4294966000}, {INT32_MAX, 4294966000}};
+    } rows[] = {
+        {-1, 0}, {INT32_MIN, 0}, {2147483, 4294966000}, {2147484, 4294966000}, {INT32_MAX, 4294966000}};
     for (const auto& row : rows) {
         settings.instantReview = row.setting;
         Take();
@@ -170,7 +173,8 @@ TEST_F(StillCaptureTest, ACutReviewFileLeavesThePictureAsItIs) {
     effects.reviewFile.assign(whole.begin(), whole.begin() + static_cast<ptrdiff_t>(whole.size() * 3 / 4));
     StillCapture capture = Records();
     EXPECT_EQ(LoadReviewPicture(capture, L"\\x.jpg", 9), 1u);
-    EXPECT_TRUE(std::all_of(std::begin(image->pixels), std::end(image->pixels), [](uint8_t byte) { return byte == 0xA5; }));
+    EXPECT_TRUE(std::all_of(std::begin(image->pixels), std::end(image->pixels),
+                            [](uint8_t byte) { return byte == 0xA5; }));
     effects.reviewFile.assign(whole.begin(), whole.end());
     EXPECT_EQ(LoadReviewPicture(capture, L"\\x.jpg", 9), 0u);
     EXPECT_NE(image->pixels[0], 0xA5);

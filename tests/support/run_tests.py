@@ -112,8 +112,12 @@ def count_check(script, result, tally):
 
 
 def captured(command, environment=None):
-    return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=LIMIT,
-                          env=environment, cwd=ROOT, stdin=subprocess.DEVNULL)
+    """Runs a program to its end. Its output goes to a file: a pipe would wait for whatever it leaves running."""
+    with tempfile.TemporaryFile() as output:
+        result = subprocess.run(command, stdout=output, stderr=subprocess.STDOUT, timeout=LIMIT,
+                                env=environment, cwd=ROOT, stdin=subprocess.DEVNULL)
+        output.seek(0)
+        return subprocess.CompletedProcess(command, result.returncode, output.read())
 
 
 def programs(preset, pattern="*"):

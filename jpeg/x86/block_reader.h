@@ -17,6 +17,17 @@ struct LookTables {
     const LookTable* start;  // of whole blocks
 };
 
+template <class Lanes>
+LookTables lookTables(const DecoderContext& context, const ComponentWalk& component) {
+    const auto dc = component.dcTable - &context.huffman[kDcSlot];
+    const auto ac = component.acTable - &context.huffman[kAcSlot];
+    return {component.dcTable, component.acTable, &kDcLooks[dc],
+            &kAcLooks[ac],     &kAcSkips[ac],     &kStartLooks[dc][ac]};
+}
+
+// So many bits must be left behind an MCU: the portable reader wants 8 for each symbol, however short.
+inline constexpr int32_t kBitsBehind = 8;
+
 // Predictors of damaged streams may add up past 32 bits.
 constexpr int32_t wrappedSum(int32_t a, int32_t b) {
     return static_cast<int32_t>(static_cast<uint32_t>(a) + static_cast<uint32_t>(b));
@@ -62,7 +73,7 @@ class BlockReader : public WordReader<Lanes> {
                     return outcome == kBlockEnds;
                 }
                 this->drop(look.length());
-                sink.store(k + look.firstPlace(), look.first());
+                sink.store(k + look.first().place(), look.first().value());
                 sink.store(last, look.last());
                 if (look.ends()) return true;
                 k = last + 1;

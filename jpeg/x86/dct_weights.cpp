@@ -25,6 +25,8 @@ constexpr Dct8Weights kDct8Columns = dct8Weights(4);
 constexpr Dct8Weights kDct8Rows = dct8Weights(1);
 constexpr Dct4Weights kDct4 = {pairs(16384, 0),     pairs(15137, -6270),  pairs(8697, -1730),
                                pairs(20995, -4176), pairs(11893, -17799), pairs(-4926, 7373)};
+constexpr WeightPairs kTurn = {{-1, -1, -1, -1, 1, 1, 1, 1, -1, -1, -1, -1, 1, 1, 1, 1}};
+constexpr WeightPairs kRotation = pairs(-19200, -19200);
 constexpr WeightPairs kOnes = pairs(1, 1);
 constexpr WeightPairs kRounding = pairs(8 + 128 * 16, 8 + 128 * 16);
 

@@ -29,6 +29,8 @@ struct Dct4Weights {
 extern const Dct4Weights kDct4;
 
 extern const WeightPairs kOnes;
+extern const WeightPairs kTurn;      // -1 for the first 64 bits of each half, 1 for the others
+extern const WeightPairs kRotation;  // by 45 degrees
 extern const WeightPairs kRounding;  // half of a sixteenth's unit, and the centre in sixteenths
 
 }  // namespace jpeg

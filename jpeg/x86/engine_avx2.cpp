@@ -1,6 +1,6 @@
 #include "jpeg/x86/engines.h"
 #include "jpeg/x86/lanes_avx2.h"
-#include "jpeg/x86/wide_strips.h"
+#include "jpeg/x86/wide_engine.h"
 
 namespace jpeg {
 

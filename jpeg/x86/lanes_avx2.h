@@ -24,7 +24,6 @@ struct Avx2Lanes {
     static Wide all16(int16_t value) { return _mm256_set1_epi16(value); }
     static Wide all32(int32_t value) { return _mm256_set1_epi32(value); }
     static Wide onlyFirst32(int32_t value) { return _mm256_zextsi128_si256(_mm_cvtsi32_si128(value)); }
-    static bool isZero(Wide a) { return _mm256_testz_si256(a, a) != 0; }
     static Half low(Wide a) { return _mm256_castsi256_si128(a); }
     static Half high(Wide a) { return _mm256_extracti128_si256(a, 1); }
     static Wide joinLow(Wide a, Wide b) { return _mm256_permute2x128_si256(a, b, 0x20); }
@@ -40,6 +39,10 @@ struct Avx2Lanes {
     static Wide addSaturated16(Wide a, Wide b) { return _mm256_adds_epi16(a, b); }
     static Wide sub16(Wide a, Wide b) { return _mm256_sub_epi16(a, b); }
     static Wide multiply16(Wide a, Wide b) { return _mm256_mullo_epi16(a, b); }
+    // (a * b) >> 16
+    static Wide multiplyHigh16(Wide a, Wide b) { return _mm256_mulhi_epi16(a, b); }
+    // a, its negative or 0, as b is above, below or 0
+    static Wide sign16(Wide a, Wide b) { return _mm256_sign_epi16(a, b); }
     // (a * b + 2 ** 14) >> 15
     static Wide multiplyRounded16(Wide a, Wide b) { return _mm256_mulhrs_epi16(a, b); }
     static Wide min16(Wide a, Wide b) { return _mm256_min_epi16(a, b); }
@@ -54,6 +57,10 @@ struct Avx2Lanes {
     static Wide interleaveHigh16(Wide a, Wide b) { return _mm256_unpackhi_epi16(a, b); }
     static Wide interleaveLow32(Wide a, Wide b) { return _mm256_unpacklo_epi32(a, b); }
     static Wide interleaveHigh32(Wide a, Wide b) { return _mm256_unpackhi_epi32(a, b); }
+    static Wide interleaveLow64(Wide a, Wide b) { return _mm256_unpacklo_epi64(a, b); }
+    static Wide interleaveHigh64(Wide a, Wide b) { return _mm256_unpackhi_epi64(a, b); }
+    // The two 64-bit lanes of each half exchanged.
+    static Wide swapped64(Wide a) { return _mm256_shuffle_epi32(a, 0x4E); }
     static Wide abs16(Wide a) { return _mm256_abs_epi16(a); }
     template <int kBits>
     static Wide right32(Wide a) {
@@ -67,8 +74,6 @@ struct Avx2Lanes {
     static Wide left16(Wide a) {
         return _mm256_slli_epi16(a, kBits);
     }
-    // The lower 16 bits of each 32-bit lane of a, with those of b above them.
-    static Wide pairs(Wide a, Wide b) { return _mm256_blend_epi16(a, _mm256_slli_epi32(b, 16), 0xAA); }
     // The even, the odd 32-bit lanes of a, then of b.
     static Wide even32(Wide a, Wide b) { return chosen<0x88>(a, b); }
     static Wide odd32(Wide a, Wide b) { return chosen<0xDD>(a, b); }

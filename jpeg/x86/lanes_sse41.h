@@ -34,10 +34,6 @@ struct SseLanes {
     static Wide all16(int16_t value) { return both(_mm_set1_epi16(value)); }
     static Wide all32(int32_t value) { return both(_mm_set1_epi32(value)); }
     static Wide onlyFirst32(int32_t value) { return {_mm_cvtsi32_si128(value), _mm_setzero_si128()}; }
-    static bool isZero(Wide a) {
-        const Half any = _mm_or_si128(a.low, a.high);
-        return _mm_testz_si128(any, any) != 0;
-    }
     static Half low(Wide a) { return a.low; }
     static Half high(Wide a) { return a.high; }
     static Wide joinLow(Wide a, Wide b) { return {a.low, b.low}; }
@@ -62,6 +58,14 @@ struct SseLanes {
     static Wide sub16(Wide a, Wide b) { return {_mm_sub_epi16(a.low, b.low), _mm_sub_epi16(a.high, b.high)}; }
     static Wide multiply16(Wide a, Wide b) {
         return {_mm_mullo_epi16(a.low, b.low), _mm_mullo_epi16(a.high, b.high)};
+    }
+    // (a * b) >> 16
+    static Wide multiplyHigh16(Wide a, Wide b) {
+        return {_mm_mulhi_epi16(a.low, b.low), _mm_mulhi_epi16(a.high, b.high)};
+    }
+    // a, its negative or 0, as b is above, below or 0
+    static Wide sign16(Wide a, Wide b) {
+        return {_mm_sign_epi16(a.low, b.low), _mm_sign_epi16(a.high, b.high)};
     }
     // (a * b + 2 ** 14) >> 15
     static Wide multiplyRounded16(Wide a, Wide b) {
@@ -93,6 +97,16 @@ struct SseLanes {
     static Wide interleaveHigh32(Wide a, Wide b) {
         return {_mm_unpackhi_epi32(a.low, b.low), _mm_unpackhi_epi32(a.high, b.high)};
     }
+    static Wide interleaveLow64(Wide a, Wide b) {
+        return {_mm_unpacklo_epi64(a.low, b.low), _mm_unpacklo_epi64(a.high, b.high)};
+    }
+    static Wide interleaveHigh64(Wide a, Wide b) {
+        return {_mm_unpackhi_epi64(a.low, b.low), _mm_unpackhi_epi64(a.high, b.high)};
+    }
+    // The two 64-bit lanes of each half exchanged.
+    static Wide swapped64(Wide a) {
+        return {_mm_shuffle_epi32(a.low, 0x4E), _mm_shuffle_epi32(a.high, 0x4E)};
+    }
     static Wide abs16(Wide a) { return {_mm_abs_epi16(a.low), _mm_abs_epi16(a.high)}; }
     template <int kBits>
     static Wide right32(Wide a) {
@@ -105,11 +119,6 @@ struct SseLanes {
     template <int kBits>
     static Wide left16(Wide a) {
         return {_mm_slli_epi16(a.low, kBits), _mm_slli_epi16(a.high, kBits)};
-    }
-    // The lower 16 bits of each 32-bit lane of a, with those of b above them.
-    static Wide pairs(Wide a, Wide b) {
-        return {_mm_blend_epi16(a.low, _mm_slli_epi32(b.low, 16), 0xAA),
-                _mm_blend_epi16(a.high, _mm_slli_epi32(b.high, 16), 0xAA)};
     }
     // The even, the odd 32-bit lanes of a, then of b.
     static Wide even32(Wide a, Wide b) { return {chosen<0x88>(a.low, b.low), chosen<0x88>(a.high, b.high)}; }

@@ -67,10 +67,9 @@ constexpr LookTable makeDcLook(const CodeLook& codes) {
     LookTable look{};
     for (uint32_t bits = 0; bits < kLooks; ++bits) {
         const Front front(codes, bits);
-        look.entries[bits] =
-            front.hasSymbol()
-                ? Look::kEndBit | (static_cast<uint32_t>(front.value()) & 127) << 24 | front.symbolLength()
-                : Look::kNothingFits << 8;
+        look.entries[bits] = front.hasSymbol() ? Look::kEnds | static_cast<uint32_t>(front.value()) << 24 |
+                                                     front.symbolLength()
+                                               : Look::kNothingFits << 8;
     }
     return look;
 }
@@ -108,9 +107,10 @@ constexpr void findAc(Front& front, uint32_t most, Found& found) {
 }
 
 constexpr uint32_t lookEntry(const Found& found) {
-    return (found.ends ? Look::kEndBit : 0) | (static_cast<uint32_t>(found.last) & 127) << 24 |
-           (static_cast<uint32_t>(found.first) & 31) << 19 | found.firstPlace << 15 | found.lastPlace() << 8 |
-           found.length;
+    // Compilation ends here if a first coefficient is larger than its fields.
+    if (found.firstPlace > 7 || found.first < -16 || found.first > 15) __builtin_unreachable();
+    return static_cast<uint32_t>(found.last) << 24 | (static_cast<uint32_t>(found.first) & 31) << 19 |
+           found.firstPlace << 16 | found.lastPlace() << 8 | (found.ends ? Look::kEnds : 0) | found.length;
 }
 
 constexpr uint32_t acEntry(Front front) {

@@ -8,27 +8,34 @@ inline constexpr uint32_t kLookBits = 11;
 inline constexpr uint32_t kLooks = 1 << kLookBits;
 
 // One or two coefficients, and the end of the block if it follows, by the next kLookBits bits. Where only one
-// coefficient fits it is `last`, and `first` stands for a zero that it may overwrite. A run of 16 zeros is a
-// coefficient of value zero. A DC difference always stands alone, and what ends there is the block's DC part.
-//   bits 0..7    total length
-//   bits 8..13   place of the last coefficient, less the place that comes next; 63 = not even one fits
-//   bits 15..18  place of the first coefficient, less the place that comes next
+// coefficient fits it is the last, and the first stands for a zero that it may overwrite. A run of 16 zeros
+// is a coefficient of value zero. A DC difference always stands alone, and what ends there is the block's DC
+// part.
+//   bits 0..6    total length
+//   bit 7        the block, or its DC part, ends here
+//   bits 8..15   place of the last coefficient, less the place that comes next; 63 = not even one fits
+//   bits 16..18  place of the first coefficient, less the place that comes next
 //   bits 19..23  value of the first, signed
-//   bits 24..30  value of the last, signed; of AC coefficients it takes 6 bits at most
-//   bit 31       the block, or its DC part, ends here
+//   bits 24..31  value of the last, signed; of AC coefficients it takes 6 bits at most
 struct LookTable {
     uint32_t entries[kLooks];
 };
 
+// The first coefficient of a look, as its byte of the entry holds it.
+struct FirstOfLook {
+    int32_t packed;
+    uint32_t place() const { return packed & 7; }
+    int32_t value() const { return packed >> 3; }
+};
+
 struct Look {
     uint32_t entry;
-    uint32_t length() const { return entry & 0xFF; }
-    uint32_t lastPlace() const { return entry >> 8 & 63; }
-    uint32_t firstPlace() const { return entry >> 15 & 15; }
-    int32_t first() const { return static_cast<int32_t>(entry << 8) >> 27; }
-    int32_t last() const { return static_cast<int32_t>(entry << 1) >> 25; }
-    bool ends() const { return (entry & kEndBit) != 0; }
-    static constexpr uint32_t kEndBit = 1u << 31;
+    uint32_t length() const { return entry & 127; }
+    uint32_t lastPlace() const { return entry >> 8 & 255; }
+    FirstOfLook first() const { return {static_cast<int32_t>(entry << 8) >> 24}; }
+    int32_t last() const { return static_cast<int32_t>(entry) >> 24; }
+    bool ends() const { return (entry & kEnds) != 0; }
+    static constexpr uint32_t kEnds = 1u << 7;
     static constexpr uint32_t kNothingFits = 63;
 };
 

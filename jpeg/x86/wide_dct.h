@@ -1,15 +1,16 @@
-// The inverse DCTs of the fast engines. They compute what inverse_dct.cpp computes, step for step, but hold
-// the dequantised coefficients and the results of the column pass in 16 bits, and multiply and add two of
-// them at a time in 32.
+// The inverse DCTs of the fast engines. They compute what inverse_dct.cpp computes, step for step. Products
+// are multiplied and added in pairs and shifted in 32 bits; everything else, from the dequantised
+// coefficients on, is held and added in 16.
 //
-// That is exact as long as everything that is held in 16 bits fits. No constant of a pass weighs an input by
-// more than 3.93 (8 x 8: 2008 / 512) or 5.13 (4 x 4: 20995 / 4096). So if the magnitudes of a block's
-// dequantised coefficients add up to no more than kLargestSum8,
-//   - the results of the column pass are at most 3.93 * 8192 and a little for the roundings, below 32,768;
-//   all
-//     those of one row together are no more, as each column's share comes of its own coefficients;
-//   - the differences that the rotation by 45 degrees takes are smaller than that in both passes.
-// The same holds for 4 x 4 with kLargestSum4. Saturation in the last packing only repeats the final clamping.
+// That is exact as long as it fits. What the 8-point passes hold are sums of their inputs with weights; the
+// largest is that of the difference which the rotation by 45 degrees takes: 5.55 in the column pass (4 x 710
+// / 512), 1.39 in the row pass. No result of the column pass weighs an input by more than 3.93 (4 x 502 /
+// 512). So if the magnitudes of a block's dequantised coefficients add up to no more than kLargestSum8,
+//   - the column pass holds at most 5.55 x 5800 and a little for the roundings, below 32,768;
+//   - its results of one row together are at most 3.93 x 5800, as each column's share comes of its own
+//     coefficients, and the row pass holds at most 1.39 times that.
+// For 4 x 4 only the results of the column pass are held in 16 bits, weighed by 5.13 (20995 / 4096) at most,
+// and kLargestSum4 is the bound. Saturation only repeats the final clamping.
 #pragma once
 #include <cstdint>
 
@@ -18,7 +19,7 @@
 
 namespace jpeg {
 
-inline constexpr int32_t kLargestSum8 = 8192;
+inline constexpr int32_t kLargestSum8 = 5800;
 inline constexpr int32_t kLargestSum4 = 6300;
 
 template <class Lanes>
@@ -39,6 +40,13 @@ struct WideDct {
         return {group(kRows04), group(kRows26), group(kRows17), group(kRows53)};
     }
 
+    static void store(int16_t* words, const Block& block) {
+        Lanes::store(words + kRows04, block.rows04);
+        Lanes::store(words + kRows26, block.rows26);
+        Lanes::store(words + kRows17, block.rows17);
+        Lanes::store(words + kRows53, block.rows53);
+    }
+
     // Adds to the coefficient of the first row and column.
     static void addMean(Block& block, int32_t mean) {
         block.rows04 = Lanes::add16(block.rows04, Lanes::onlyFirst32(mean & 0xFFFF));
@@ -56,11 +64,7 @@ struct WideDct {
     }
 
     static void inverse8(uint8_t* out, uint32_t stride, const Block& block) {
-        Wide rows[8];
-        transform8(block, kDct8Columns, rows);
-        Wide values[8];
-        transform8(turned(rows), kDct8Rows, values);
-        storeSamples8(out, stride, values);
+        storeSamples8(out, stride, transform8(turned(transform8(block, kDct8Columns)), kDct8Rows));
     }
 
     static void inverse4(uint8_t* out, uint32_t stride, const Block& block) {
@@ -106,35 +110,28 @@ struct WideDct {
 
     static void storeWord(uint8_t* out, int32_t word) { __builtin_memcpy(out, &word, sizeof word); }
 
+    // What a pass makes of eight columns or rows, four in each half: two kinds of results beside each other.
+    struct Lines {
+        Wide out01, out32, out45, out76;
+    };
+
     // One pass, in every lane its own column or row.
-    static void transform8(const Block& x, const Dct8Weights& weights, Wide* out) {
-        const Wide a0 = product9(x.rows04, weights.a0);
-        const Wide a1 = product9(x.rows04, weights.a1);
-        const Wide b0 = product9(x.rows26, weights.b0);
-        const Wide b1 = product9(x.rows26, weights.b1);
-        const Wide e0 = Lanes::add32(a0, b0);
-        const Wide e1 = Lanes::add32(a1, b1);
-        const Wide e2 = Lanes::sub32(a1, b1);
-        const Wide e3 = Lanes::sub32(a0, b0);
-
-        const Wide p0 = product9(x.rows17, weights.p0);
-        const Wide p1 = product9(x.rows53, weights.p1);
-        const Wide p2 = product9(x.rows53, weights.p2);
-        const Wide p3 = product9(x.rows17, weights.p3);
-        const Wide s0 = Lanes::add32(p0, p1);
-        const Wide s3 = Lanes::add32(p3, p2);
-        const Wide turning = Lanes::pairs(Lanes::sub32(p3, p2), Lanes::sub32(p0, p1));
-        const Wide o1 = product9(turning, kDct8Rows.a1);
-        const Wide o2 = product9(turning, kDct8Rows.a0);
-
-        out[0] = Lanes::add32(e0, s3);
-        out[1] = Lanes::add32(e1, o2);
-        out[2] = Lanes::add32(e2, o1);
-        out[3] = Lanes::add32(e3, s0);
-        out[4] = Lanes::sub32(e3, s0);
-        out[5] = Lanes::sub32(e2, o1);
-        out[6] = Lanes::sub32(e1, o2);
-        out[7] = Lanes::sub32(e0, s3);
+    static Lines transform8(const Block& x, const Dct8Weights& weights) {
+        const Wide a01 = Lanes::pack32(product9(x.rows04, weights.a0), product9(x.rows04, weights.a1));
+        const Wide b01 = Lanes::pack32(product9(x.rows26, weights.b0), product9(x.rows26, weights.b1));
+        const Wide p03 = Lanes::pack32(product9(x.rows17, weights.p0), product9(x.rows17, weights.p3));
+        const Wide p12 = Lanes::pack32(product9(x.rows53, weights.p1), product9(x.rows53, weights.p2));
+        const Wide e01 = Lanes::add16(a01, b01);
+        const Wide e32 = Lanes::sub16(a01, b01);
+        const Wide s03 = Lanes::add16(p03, p12);
+        const Wide d03 = Lanes::sub16(p03, p12);
+        const Wide turning = Lanes::add16(Lanes::swapped64(d03), Lanes::sign16(d03, load(kTurn)));
+        // 362 / 512 is 1 - 19200 / 65536
+        const Wide o12 = Lanes::add16(turning, Lanes::multiplyHigh16(turning, load(kRotation)));
+        const Wide s0o1 = Lanes::interleaveLow64(s03, o12);
+        const Wide s3o2 = Lanes::interleaveHigh64(s03, o12);
+        return {Lanes::add16(e01, s3o2), Lanes::add16(e32, s0o1), Lanes::sub16(e32, s0o1),
+                Lanes::sub16(e01, s3o2)};
     }
 
     // The same for 4 points.
@@ -151,33 +148,29 @@ struct WideDct {
         out[3] = Lanes::template right32<12>(Lanes::sub32(even, oddB));
     }
 
-    // Eight rows with the columns 0 4 2 6 | 1 7 5 3 become pairs of columns with the rows in order.
-    static Block turned(const Wide* rows) {
-        const Wide rows01 = Lanes::pack32(rows[0], rows[1]);
-        const Wide rows23 = Lanes::pack32(rows[2], rows[3]);
-        const Wide rows45 = Lanes::pack32(rows[4], rows[5]);
-        const Wide rows67 = Lanes::pack32(rows[6], rows[7]);
-        const Wide outerUpper = Lanes::even32(rows01, rows23);  // columns 0 and 4 | 1 and 7
-        const Wide outerLower = Lanes::even32(rows45, rows67);
-        const Wide innerUpper = Lanes::odd32(rows01, rows23);  // columns 2 and 6 | 5 and 3
-        const Wide innerLower = Lanes::odd32(rows45, rows67);
+    // Eight rows with the columns 0 4 2 6 | 1 7 5 3 become pairs of columns with the rows 0 1 3 2 | 4 5 7 6.
+    static Block turned(const Lines& rows) {
+        const Wide outerUpper = Lanes::even32(rows.out01, rows.out32);  // columns 0 and 4 | 1 and 7
+        const Wide outerLower = Lanes::even32(rows.out45, rows.out76);
+        const Wide innerUpper = Lanes::odd32(rows.out01, rows.out32);  // columns 2 and 6 | 5 and 3
+        const Wide innerLower = Lanes::odd32(rows.out45, rows.out76);
         return {Lanes::joinLow(outerUpper, outerLower), Lanes::joinLow(innerUpper, innerLower),
                 Lanes::joinHigh(outerUpper, outerLower), Lanes::joinHigh(innerUpper, innerLower)};
     }
 
     // Sixteenths to bytes: rounded to the nearest, halves away from zero, and centred at 128.
-    static Wide rounded(Wide columnA, Wide columnB) {
-        const Wide values = Lanes::pack32(columnA, columnB);
+    static Wide rounded(Wide values) {
         const Wide towardsZero = Lanes::addSaturated16(values, Lanes::template right16<15>(values));
         return Lanes::template right16<4>(Lanes::addSaturated16(towardsZero, load(kRounding)));
     }
 
-    static void storeSamples8(uint8_t* out, uint32_t stride, const Wide* columns) {
-        const Half turn = turn4();
-        const Wide left = Lanes::shuffle8(
-            Lanes::pack16(rounded(columns[0], columns[1]), rounded(columns[2], columns[3])), turn);
-        const Wide right = Lanes::shuffle8(
-            Lanes::pack16(rounded(columns[4], columns[5]), rounded(columns[6], columns[7])), turn);
+    static void storeSamples8(uint8_t* out, uint32_t stride, const Lines& columns) {
+        // by rows, from columns in the order 0 1 3 2 or 4 5 7 6
+        const Half turn = _mm_setr_epi8(0, 4, 12, 8, 1, 5, 13, 9, 3, 7, 15, 11, 2, 6, 14, 10);
+        const Wide left =
+            Lanes::shuffle8(Lanes::pack16(rounded(columns.out01), rounded(columns.out32)), turn);
+        const Wide right =
+            Lanes::shuffle8(Lanes::pack16(rounded(columns.out45), rounded(columns.out76)), turn);
         const Wide outer = Lanes::interleaveLow32(left, right);   // rows 0 1 | 4 5
         const Wide inner = Lanes::interleaveHigh32(left, right);  // rows 2 3 | 6 7
         storeRows(out, stride, Lanes::low(outer));

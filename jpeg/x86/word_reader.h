@@ -57,15 +57,15 @@ class WordReader {
         m_bits <<= bits & 63;
         m_count -= static_cast<int32_t>(bits);
     }
-    // Like drop(), by the lowest 8 bits of `entry`, 0..63; but only the lowest 8 bits of the count, which are
-    // enough to tell it, are right until settle().
+    // Like drop(), by the lowest 6 bits of `entry`; but only the lowest 7 bits of the count, which are enough
+    // to tell it, are right until settle(). Bit 6 of `entry` is 0.
     void dropRoughly(uint32_t entry) {
         m_bits <<= entry & 63;
         m_count = static_cast<int32_t>(static_cast<uint32_t>(m_count) - entry);
     }
-    // False: more bits were dropped than there are. Has to be asked before the missing ones are 128.
+    // False: more bits were dropped than there are. Has to be asked before the missing ones are more than 64.
     bool settle() {
-        m_count = static_cast<int8_t>(m_count);
+        m_count = static_cast<int32_t>(static_cast<uint32_t>(m_count) << 25) >> 25;
         return m_count >= 0;
     }
     // 0..16
@@ -86,11 +86,11 @@ class WordReader {
         return static_cast<uint32_t>(context.cursors.chunkEnd - context.cursors.chunkCursor);
     }
 
-    // A byte is 0xFF when its highest bit is set and adding 1 to the others carries into it.
+    // The lowest byte 0xFF is the one whose highest bit adding 1 to every byte takes away.
     static bool holdsFF(uint64_t word) {
         constexpr uint64_t kHigh = 0x8080808080808080;
         constexpr uint64_t kOnes = 0x0101010101010101;
-        return (((word & ~kHigh) + kOnes) & word & kHigh) != 0;
+        return (~(word + kOnes) & word & kHigh) != 0;
     }
 
     struct Position {

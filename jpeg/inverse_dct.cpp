@@ -1,15 +1,10 @@
 #include "jpeg/inverse_dct.h"
 
+#include "jpeg/wrapping_words.h"
+
 namespace jpeg {
 
 namespace {
-
-// Signed values, computed as unsigned words because those wrap without undefined behaviour.
-using Word = uint32_t;
-
-inline Word shiftRight(Word value, int bits) {
-    return static_cast<Word>(static_cast<int32_t>(value) >> bits);
-}
 
 inline uint8_t clampToByte(int32_t value) {
     return static_cast<uint8_t>(value < 0 ? 0 : value > 255 ? 255 : value);

@@ -6,17 +6,11 @@
 
 #include "jpeg/inverse_dct.h"
 #include "jpeg/scalar/words.h"
+#include "jpeg/wrapping_words.h"
 
 namespace jpeg {
 
 namespace {
-
-// Signed values in words that wrap.
-using Word = uint32_t;
-
-inline Word shiftRight(Word value, int bits) {
-    return static_cast<Word>(static_cast<int32_t>(value) >> bits);
-}
 
 // Read at run time, so that they are multiplied by.
 const volatile Word kFactors[] = {15137, 0u - 6270, 11893,     0u - 1730, 0u - 17799,

@@ -1,5 +1,7 @@
 #include "desktop/camera_process.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <fstream>
 #include <iterator>
@@ -120,16 +122,12 @@ CameraProcess::CameraProcess(const CameraOptions& options) {
     std::wstring environment = EnvironmentBlock(variables);
     const std::filesystem::path program =
         options.program.empty() ? BuildFolder() / "zelcamera.exe" : options.program;
-    STARTUPINFOW start = {};
-    start.cb = sizeof(start);
-    CreateProcessW(program.c_str(), nullptr, nullptr, nullptr, FALSE, CREATE_UNICODE_ENVIRONMENT, environment.data(),
-                   nullptr, &start, &m_process);
+    m_family.Start(program.c_str(), nullptr, environment.data(), m_process);
 }
 
 CameraProcess::~CameraProcess() {
-    if (IsRunning()) TerminateProcess(m_process.hProcess, 99);
+    EXPECT_TRUE(m_family.End());
     if (m_process.hProcess != nullptr) {
-        WaitForSingleObject(m_process.hProcess, 10000);
         CloseHandle(m_process.hThread);
         CloseHandle(m_process.hProcess);
     }

@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "support/process_family.h"
+
 // Waits for a condition; false when it has not come true within the limit.
 bool WaitFor(const std::function<bool()>& condition, DWORD milliseconds = 20000);
 
@@ -22,7 +24,7 @@ struct CameraOptions {
 class CameraProcess {
   public:
     explicit CameraProcess(const CameraOptions& options = {});
-    ~CameraProcess();  // ends the program if it still runs, and removes the store
+    ~CameraProcess();  // ends the program and all that it started, if they still run, and removes the store
     CameraProcess(const CameraProcess&) = delete;
     CameraProcess& operator=(const CameraProcess&) = delete;
 
@@ -40,6 +42,8 @@ class CameraProcess {
     bool ExitsInOrder();
     DWORD Id() const { return m_process.dwProcessId; }
     HANDLE Handle() const { return m_process.hProcess; }
+    // The program and the viewers that it started.
+    const ProcessFamily& Family() const { return m_family; }
 
     void Command(UINT id) { PostMessageW(m_screen, WM_COMMAND, id, 0); }
     void ReleaseKey(UINT key) { PostMessageW(m_screen, WM_KEYUP, key, 0); }
@@ -75,6 +79,7 @@ class CameraProcess {
 
   private:
     std::filesystem::path m_folder, m_store;
+    ProcessFamily m_family;
     PROCESS_INFORMATION m_process = {};
     HWND m_screen = nullptr;
 };

@@ -5,10 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <memory>
 
 #include "capture/review.h"
-#include "fakes/driver_fake.h"
 #include "fakes/store_fake.h"
 #include "handheld/doubles/card.h"
 #include "handheld/doubles/object_store.h"
@@ -18,28 +16,18 @@
 #include "settings/load_settings.h"
 #include "support/decode_run.h"
 #include "support/picture_encoder.h"
+#include "support/still_fixture.h"
 
 namespace {
 
 using Calls = std::vector<std::string>;
 
-class StillRequestTest : public testing::Test {
+class StillRequestTest : public StillFixture {
   protected:
     void SetUp() override {
         ResetStoreFake();
         LoadSettings(settings, profile);
         settings.instantReview = 0;
-        buildHuffmanTables(*decoder);
-        OpenCamera(device);
-        driver.calls.clear();
-    }
-    uint32_t Take() {
-        StillCapture capture{settings, profile, screen, device, *decoder, *image, *review};
-        return TakeSnapshot(capture, settings.resolution);
-    }
-    ShutterResult Press(uint32_t now) {
-        StillCapture capture{settings, profile, screen, device, *decoder, *image, *review};
-        return PressShutter(capture, now);
     }
     std::string PathInRequest() const {
         std::string path;
@@ -54,15 +42,6 @@ class StillRequestTest : public testing::Test {
             std::memcpy(&number, value->bytes.data(), sizeof number);
         return number;
     }
-
-    DriverFake& driver = ResetDriverFake();
-    CameraSettings settings;
-    Profile profile;
-    ScreenState screen;
-    CameraDevice device;
-    std::unique_ptr<DecoderContext> decoder = std::make_unique<DecoderContext>();
-    std::unique_ptr<DecodedImage> image = std::make_unique<DecodedImage>();
-    std::unique_ptr<ReviewBuffer> review = std::make_unique<ReviewBuffer>();
 };
 
 TEST_F(StillRequestTest, EveryByteOfTheRequestIsAsTheDriverReadsIt) {

@@ -5,49 +5,27 @@
 #include <algorithm>
 #include <cstring>
 #include <iterator>
-#include <memory>
 
 #include "fakes/capture_fake.h"
-#include "fakes/driver_fake.h"
 #include "fakes/store_fake.h"
 #include "settings/settings_keys.h"
 #include "support/picture_encoder.h"
+#include "support/still_fixture.h"
 
 namespace {
 
 using Calls = std::vector<std::string>;
 
-class StillCaptureTest : public testing::Test {
+class StillCaptureTest : public StillFixture {
   protected:
     void SetUp() override {
         profile.key = L"\\Test";
-        buildHuffmanTables(*decoder);
-        OpenCamera(device);
         settings.aviResolution = 0;
         settings.instantReview = 0;
-        driver.calls.clear();
     }
-    void TearDown() override { releaseBuffers(*decoder); }
-    uint32_t Take() {
-        StillCapture capture = Records();
-        return TakeSnapshot(capture, settings.resolution);
-    }
-    ShutterResult Press(uint32_t now = 0) {
-        StillCapture capture = Records();
-        return PressShutter(capture, now);
-    }
-    StillCapture Records() { return {settings, profile, screen, device, *decoder, *image, *review}; }
 
-    DriverFake& driver = ResetDriverFake();
     CaptureFake& effects = ResetCaptureFake();
     StoreFake& store = ResetStoreFake();
-    CameraSettings settings;
-    Profile profile;
-    ScreenState screen;
-    CameraDevice device;
-    std::unique_ptr<DecoderContext> decoder = std::make_unique<DecoderContext>();
-    std::unique_ptr<DecodedImage> image = std::make_unique<DecodedImage>();
-    std::unique_ptr<ReviewBuffer> review = std::make_unique<ReviewBuffer>();
 };
 
 TEST_F(StillCaptureTest, StepsComeInOrder) {
@@ -162,7 +140,6 @@ TEST_F(StillCaptureTest, AMissingReviewFileStillRunsTheReview) {
 TEST_F(StillCaptureTest, AnUndecodableReviewFileShowsNothing) {
     settings.instantReview = 1;
     effects.reviewFile.assign(500, 0x55);
-    StillCapture capture = Records();
     EXPECT_EQ(LoadReviewPicture(capture, L"\\x.jpg", 9), 1u);
     EXPECT_TRUE(review->ready);
 }
@@ -171,7 +148,6 @@ TEST_F(StillCaptureTest, ACutReviewFileLeavesThePictureAsItIs) {
     const Bytes whole = encodePicture(makePicture(320, 240, 1), {});
     std::memset(image->pixels, 0xA5, sizeof(image->pixels));
     effects.reviewFile.assign(whole.begin(), whole.begin() + static_cast<ptrdiff_t>(whole.size() * 3 / 4));
-    StillCapture capture = Records();
     EXPECT_EQ(LoadReviewPicture(capture, L"\\x.jpg", 9), 1u);
     EXPECT_TRUE(std::all_of(std::begin(image->pixels), std::end(image->pixels),
                             [](uint8_t byte) { return byte == 0xA5; }));

@@ -47,13 +47,12 @@ BOOL CALLBACK Look(HWND window, LPARAM parameter) {
 }  // namespace
 
 CProgramFixture::~CProgramFixture() {
-    if (!m_process.hProcess) return;
-    TerminateProcess(m_process.hProcess, 99);
+    EXPECT_TRUE(m_family.End());
     Forget();
 }
 
 void CProgramFixture::Forget() {
-    WaitForSingleObject(m_process.hProcess, INFINITE);
+    if (!m_process.hProcess) return;
     CloseHandle(m_process.hProcess);
     CloseHandle(m_process.hThread);
     m_process = {};
@@ -62,10 +61,8 @@ void CProgramFixture::Forget() {
 void CProgramFixture::Start(const wchar_t* program, const std::wstring& arguments,
                             const wchar_t* windowClass) {
     std::wstring line = L'"' + handheld::ProgramFolder() + L"\\..\\" + program + L"\" " + arguments;
-    STARTUPINFOW start = {};
-    start.cb = sizeof start;
-    ASSERT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
-                               &m_process));
+    ASSERT_FALSE(m_process.hProcess);
+    ASSERT_TRUE(m_family.Start(nullptr, line.data(), nullptr, m_process));
     Search search = {m_process.dwProcessId, windowClass, nullptr};
     Becomes([&] {
         EnumWindows(Look, reinterpret_cast<LPARAM>(&search));

@@ -1,6 +1,7 @@
 // The viewer and the help as whole programs, watched and worked from outside.
 #pragma once
 #include "handheld/korvoimgview/pixels.h"
+#include "support/process_family.h"
 #include "unit/viewer/store_fixture.h"
 
 namespace viewer {
@@ -9,7 +10,7 @@ class CProgramFixture : public CStoreFixture {
   protected:
     ~CProgramFixture() override;
 
-    // Starts a program that lies beside the tests' folder and waits for its window.
+    // Starts a program that lies beside the tests' folder and waits for its window; the one before has ended.
     void Start(const wchar_t* program, const std::wstring& arguments, const wchar_t* windowClass);
 
     // Whether the window's title becomes the given one within some seconds.
@@ -31,8 +32,9 @@ class CProgramFixture : public CStoreFixture {
 
   private:
     Pixels Screen() const;
-    void Forget();  // waits for the end
+    void Forget();
 
+    ProcessFamily m_family;
     PROCESS_INFORMATION m_process = {};
     HWND m_window = nullptr;
 };

@@ -13,8 +13,9 @@ FRAMES = 4   # counted of each set
 SECONDS = 3  # sampled of each work
 
 # Stage -> source files of jpeg/.  What the C library does, and the rest, is neither.
+# At reductions 4 and 8 a coefficient is summed up, or skipped, while it is read.
 STAGES = {
-    "entropy": r"bit|huffman|scan|zigzag|symbol|codes|reader|stuff|mcu|entropy|block|typical",
+    "entropy": r"bit|huffman|scan|zigzag|symbol|codes|skips|reader|stuff|mcu|entropy|block|typical|sums|reduced",
     "transform": r"dct|transform",
     "colour": r"convert|color|pixel|rows",
 }

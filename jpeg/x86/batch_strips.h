@@ -49,22 +49,20 @@ class BatchStrips : StripDecoder<Lanes> {
         ReadBlock* next = nullptr;
         ReadBlock* end = nullptr;
         const Slot* slot = nullptr;
-        int32_t predictors[kMaxScanComponents];  // before the batch
+        typename StripDecoder<Lanes>::Predictors before;  // the batch
         bool good = true;
     };
 
     // False: the scan is not for us.
     bool setUp() {
-        uint32_t mcuBlocks = 0;
         for (uint32_t index = 0; index < m_walk.count; ++index) {
             const ComponentWalk& component = m_walk.components[index];
             if (!m_transforms[index].setUp(component.quant)) return false;
-            mcuBlocks += component.across * component.down;
+            m_mcuBlocks += component.across * component.down;
         }
-        m_mcuBlocks = mcuBlocks;
-        for (uint32_t mcu = 0; mcu < kMostBlocks / mcuBlocks; ++mcu) setUpSlots(mcu);
+        for (uint32_t mcu = 0; mcu < kMostBlocks / m_mcuBlocks; ++mcu) setUpSlots(mcu);
         for (Batch& batch : m_batches) {
-            for (uint32_t n = 0; n <= kMostBlocks; ++n) setUpBlock(batch.blocks[n], m_slots[n % mcuBlocks]);
+            for (uint32_t n = 0; n <= kMostBlocks; ++n) setUpBlock(batch.blocks[n], m_slots[n % m_mcuBlocks]);
         }
         return true;
     }
@@ -128,9 +126,8 @@ class BatchStrips : StripDecoder<Lanes> {
     }
 
     void beginWriting(Batch& batch) {
-        m_writing = {&batch, batch.blocks, batch.blocks + batch.mcus * m_mcuBlocks, m_slots, {}, true};
-        for (uint32_t index = 0; index < m_walk.count; ++index)
-            m_writing.predictors[index] = m_walk.components[index].predictor;
+        m_writing = {&batch,  batch.blocks,       batch.blocks + batch.mcus * m_mcuBlocks,
+                     m_slots, this->predictors(), true};
         seekMcu(m_walk, batch.place, kSide);
     }
 
@@ -147,8 +144,7 @@ class BatchStrips : StripDecoder<Lanes> {
     bool finishWriting() {
         while (m_writing.next != m_writing.end) writeNext();
         if (!m_writing.good) {
-            for (uint32_t index = 0; index < m_walk.count; ++index)
-                m_walk.components[index].predictor = m_writing.predictors[index];
+            this->restore(m_writing.before);
             return false;
         }
         if (m_writing.batch == nullptr) return true;

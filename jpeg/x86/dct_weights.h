@@ -17,7 +17,7 @@ struct Dct8Weights {
     WeightPairs p0, p3, p1, p2;  // two of rows 1 and 7, two of rows 5 and 3
 };
 extern const Dct8Weights kDct8Columns;  // with the gain of 4
-extern const Dct8Weights kDct8Rows;     // its a0 and a1 also are the rotation's weights in both passes
+extern const Dct8Weights kDct8Rows;
 
 // A pass of the 4-point transform.
 struct Dct4Weights {

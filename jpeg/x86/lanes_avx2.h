@@ -22,7 +22,6 @@ struct Avx2Lanes {
     static void store(void* to, Wide a) { _mm256_storeu_si256(static_cast<Wide*>(to), a); }
     static Wide both(Half a) { return _mm256_broadcastsi128_si256(a); }
     static Wide all16(int16_t value) { return _mm256_set1_epi16(value); }
-    static Wide all32(int32_t value) { return _mm256_set1_epi32(value); }
     static Wide onlyFirst32(int32_t value) { return _mm256_zextsi128_si256(_mm_cvtsi32_si128(value)); }
     static Half low(Wide a) { return _mm256_castsi256_si128(a); }
     static Half high(Wide a) { return _mm256_extracti128_si256(a, 1); }

@@ -32,7 +32,6 @@ struct SseLanes {
     }
     static Wide both(Half a) { return {a, a}; }
     static Wide all16(int16_t value) { return both(_mm_set1_epi16(value)); }
-    static Wide all32(int32_t value) { return both(_mm_set1_epi32(value)); }
     static Wide onlyFirst32(int32_t value) { return {_mm_cvtsi32_si128(value), _mm_setzero_si128()}; }
     static Half low(Wide a) { return a.low; }
     static Half high(Wide a) { return a.high; }

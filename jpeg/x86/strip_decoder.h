@@ -35,6 +35,19 @@ class StripDecoder {
         return std::min(inRow, std::min(inInterval, left) - 1);
     }
 
+    // What an MCU's blocks change of the walk, kept for the case that it has to be decoded again.
+    struct Predictors {
+        int32_t of[kMaxScanComponents];
+    };
+    Predictors predictors() const {
+        Predictors kept;
+        for (uint32_t i = 0; i < kMaxScanComponents; ++i) kept.of[i] = m_walk.components[i].predictor;
+        return kept;
+    }
+    void restore(const Predictors& kept) {
+        for (uint32_t i = 0; i < kMaxScanComponents; ++i) m_walk.components[i].predictor = kept.of[i];
+    }
+
     // Returns whether the row is complete.
     bool moveOn(uint32_t mcus) {
         m_place.sinceRestart += mcus;

@@ -63,17 +63,6 @@ class Front {
     uint32_t m_count;
 };
 
-constexpr LookTable makeDcLook(const CodeLook& codes) {
-    LookTable look{};
-    for (uint32_t bits = 0; bits < kLooks; ++bits) {
-        const Front front(codes, bits);
-        look.entries[bits] = front.hasSymbol() ? Look::kEnds | static_cast<uint32_t>(front.value()) << 24 |
-                                                     front.symbolLength()
-                                               : Look::kNothingFits << 8;
-    }
-    return look;
-}
-
 // What one look finds.
 struct Found {
     uint32_t length = 0;
@@ -106,6 +95,18 @@ constexpr void findAc(Front& front, uint32_t most, Found& found) {
     found.length += held - front.left();
 }
 
+// A DC difference.
+constexpr Found findDc(Front& front) {
+    Found found;
+    found.add(0, front.value());
+    found.length = front.symbolLength();
+    front.drop();
+    return found;
+}
+
+// Not even one symbol fits.
+constexpr uint32_t kNone = Look::kNothingFits << 8;
+
 constexpr uint32_t lookEntry(const Found& found) {
     // Compilation ends here if a first coefficient is larger than its fields.
     if (found.firstPlace > 7 || found.first < -16 || found.first > 15) __builtin_unreachable();
@@ -113,31 +114,39 @@ constexpr uint32_t lookEntry(const Found& found) {
            found.firstPlace << 16 | found.lastPlace() << 8 | (found.ends ? Look::kEnds : 0) | found.length;
 }
 
+constexpr uint32_t dcEntry(Front front) {
+    if (!front.hasSymbol()) return kNone;
+    Found found = findDc(front);
+    found.ends = true;
+    return lookEntry(found);
+}
+
 constexpr uint32_t acEntry(Front front) {
-    if (!front.hasSymbol()) return Look::kNothingFits << 8;
+    if (!front.hasSymbol()) return kNone;
     Found found;
     findAc(front, 2, found);
     return lookEntry(found);
 }
 
+constexpr uint32_t startEntry(Front front, const CodeLook& ac) {
+    if (!front.hasSymbol()) return kNone;
+    // Beside an AC coefficient there is room for a small difference only.
+    const uint32_t most = front.size() <= 4 ? 1 : 0;
+    Found found = findDc(front);
+    Front behind = front.with(ac);
+    findAc(behind, most, found);
+    return lookEntry(found);
+}
+
+constexpr LookTable makeDcLook(const CodeLook& codes) {
+    LookTable look{};
+    for (uint32_t bits = 0; bits < kLooks; ++bits) look.entries[bits] = dcEntry(Front(codes, bits));
+    return look;
+}
+
 constexpr LookTable makeStartLook(const CodeLook& dc, const CodeLook& ac) {
     LookTable look{};
-    for (uint32_t bits = 0; bits < kLooks; ++bits) {
-        Front front(dc, bits);
-        if (!front.hasSymbol()) {
-            look.entries[bits] = Look::kNothingFits << 8;
-            continue;
-        }
-        Found found;
-        found.add(0, front.value());
-        found.length = front.symbolLength();
-        // Beside an AC coefficient there is room for a small difference only.
-        const uint32_t most = front.size() <= 4 ? 1 : 0;
-        front.drop();
-        Front behind = front.with(ac);
-        findAc(behind, most, found);
-        look.entries[bits] = lookEntry(found);
-    }
+    for (uint32_t bits = 0; bits < kLooks; ++bits) look.entries[bits] = startEntry(Front(dc, bits), ac);
     return look;
 }
 

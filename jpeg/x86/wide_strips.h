@@ -38,12 +38,9 @@ class WideStrips : StripDecoder<Lanes> {
     // The ordinary MCUs that are left in the row; false: up to one that is not.
     bool decodeRow(Reader& reader) {
         for (uint32_t left = this->ordinaryMcus(); left != 0; --left) {
-            int32_t predictors[kMaxScanComponents];
-            for (uint32_t index = 0; index < m_walk.count; ++index)
-                predictors[index] = m_walk.components[index].predictor;
+            const auto before = this->predictors();
             if (!decodeMcu(reader)) {
-                for (uint32_t index = 0; index < m_walk.count; ++index)
-                    m_walk.components[index].predictor = predictors[index];
+                this->restore(before);
                 return false;
             }
             const uint32_t row = m_place.row;

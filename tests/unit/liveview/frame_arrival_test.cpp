@@ -6,8 +6,8 @@
 #include <memory>
 
 #include "device/preview_mode.h"
-#include "fakes/driver_fake.h"
 #include "fakes/store_fake.h"
+#include "support/camera_records.h"
 
 namespace {
 
@@ -24,28 +24,19 @@ std::vector<uint8_t> GreyScan() {
     return bytes;
 }
 
-class FrameArrival : public testing::Test {
+class FrameArrival : public CameraRecords {
   protected:
     void SetUp() override {
         settings.aviResolution = 1;
-        buildHuffmanTables(*decoder);
         SelectPreviewHeader(*frame, screen.scaleCode, 1, 0);
         std::memset(image->pixels, 0x11, sizeof(image->pixels));
         std::memset(device.feedback, 0x22, sizeof(device.feedback));
         driver.frame = GreyScan();
     }
-    void TearDown() override { releaseBuffers(*decoder); }
     FrameOutcome Receive() { return ReceiveFrame(view); }
 
     StoreFake& store = ResetStoreFake();
-    DriverFake& driver = ResetDriverFake();
-    CameraSettings settings;
-    Profile profile;
-    ScreenState screen;
-    CameraDevice device;
     std::unique_ptr<FrameBuffer> frame = std::make_unique<FrameBuffer>();
-    std::unique_ptr<DecoderContext> decoder = std::make_unique<DecoderContext>();
-    std::unique_ptr<DecodedImage> image = std::make_unique<DecodedImage>();
     RecordingState recording;
     LiveView view{settings, profile, screen, device, *frame, *decoder, *image, recording};
 };
